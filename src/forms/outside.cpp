@@ -1,0 +1,16 @@
+#include "forms/outside.h"
+
+#include <utility>
+
+void showSaid(Outside& outside)
+{
+    const Messages said = std::exchange(outside.said, {});
+    for (const Message& message : said)
+        outside.dialogs.message(message);
+}
+
+bool ask(Outside& outside, const Message& question)
+{
+    showSaid(outside);
+    return outside.dialogs.ask(question);
+}

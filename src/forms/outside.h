@@ -1,0 +1,56 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "forms/controls.h"
+#include "model/messages.h"
+
+// What forms need of the outside. Windows, the console and tests each fill these in their own way.
+
+/// A calculation that stopped.
+struct FaultReport
+{
+    std::string text;         // "The calculation stopped: division by zero while ..."
+    std::string where;        // the control whose event it was: "vantstart.Command1"
+    bool keystroke = false;   // an entry under way: to be told without a box
+};
+
+struct Dialogs
+{
+    std::function<void(const Message&)> message = {};
+    std::function<bool(const Message&)> ask = {};   // a yes/no question; true for yes
+    std::function<void()> beep = {};
+    std::function<void(const FaultReport&)> fault = {};
+};
+
+/// A form printed as an image: on that background, without the hidden controls.
+struct FormImage
+{
+    std::string form;
+    Colour background = {255, 255, 255};
+    std::vector<std::string> hidden;
+};
+
+struct Printer
+{
+    std::function<void(const std::vector<std::string>&)> printText = {};
+    std::function<void(const FormImage&)> printForm = {};
+};
+
+struct Outside
+{
+    Dialogs dialogs;
+    Printer printer;
+    std::function<void(const std::string&)> openForm = {};    // shows it; one that is open comes to the front
+    std::function<void(const std::string&)> closeForm = {};   // unloads it
+
+    Messages said = {};   // in order; shown when the event under way has ended, a fault included, or a question comes
+};
+
+/// Shows what has been said so far.
+void showSaid(Outside& outside);
+
+/// Shows what has been said, then asks.
+[[nodiscard]] bool ask(Outside& outside, const Message& question);

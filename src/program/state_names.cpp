@@ -1,0 +1,188 @@
+#include "program/state_names.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+
+#include "model/arithmetic.h"
+#include "model/text.h"
+
+namespace
+{
+    template <class Record>
+    StateName number(std::string_view name, Record ModelState::*record, double Record::*member)
+    {
+        return {name, [=](const ModelState& state) -> StateValue { return state.*record.*member; },
+                [=](ModelState& state, std::string_view text)
+                {
+                    if (!isNumeric(text))
+                        return false;
+                    state.*record.*member = val(text);
+                    return true;
+                }};
+    }
+
+    template <class Record>
+    StateName whole(std::string_view name, Record ModelState::*record, int Record::*member)
+    {
+        return {name, [=](const ModelState& state) -> StateValue { return state.*record.*member; },
+                [=](ModelState& state, std::string_view text)
+                {
+                    if (!isNumeric(text))
+                        return false;
+                    const double value = val(text);
+                    if (value != roundHalfEven(value) || std::abs(value) > std::numeric_limits<int>::max())
+                        return false;
+                    state.*record.*member = static_cast<int>(value);
+                    return true;
+                }};
+    }
+
+    template <class Record>
+    StateName letter(std::string_view name, Record ModelState::*record, char Record::*member, std::string_view letters)
+    {
+        return {name, [=](const ModelState& state) -> StateValue { return std::string(1, state.*record.*member); },
+                [=](ModelState& state, std::string_view text)
+                {
+                    if (text.size() != 1 || letters.find(text) == std::string_view::npos)
+                        return false;
+                    state.*record.*member = text.front();
+                    return true;
+                }};
+    }
+
+    StateName text(std::string_view name, std::string Runner::*member)
+    {
+        return {name, [=](const ModelState& state) -> StateValue { return state.runner.*member; },
+                [=](ModelState& state, std::string_view value)
+                {
+                    state.runner.*member = value;
+                    return true;
+                }};
+    }
+
+    template <int N>
+    std::vector<double> firstOf(const OneBased<double, N>& numbers, int count)
+    {
+        const auto end = numbers.items.begin() + std::clamp(count, 0, N);
+        return {numbers.items.begin(), end};
+    }
+
+    StateName races(std::string_view name, OneBased<double, maxRaces> Races::*member, int Races::*count)
+    {
+        return {name,
+                [=](const ModelState& state) -> StateValue
+                { return firstOf(state.races.*member, state.races.*count); },
+                {}};
+    }
+
+    std::vector<StateName> runnerNames()
+    {
+        return {text("runnerName", &Runner::runnerName),
+                number("age", &ModelState::runner, &Runner::age),
+                letter("sex", &ModelState::runner, &Runner::sex, "mf"),
+                number("weeklyMiles", &ModelState::runner, &Runner::weeklyMiles),
+                number("weightKg", &ModelState::runner, &Runner::weightKg),
+                number("heightCm", &ModelState::runner, &Runner::heightCm),
+                number("bodyDrag", &ModelState::runner, &Runner::bodyDrag),
+                number("maxHr", &ModelState::runner, &Runner::maxHr),
+                number("restHr", &ModelState::runner, &Runner::restHr),
+                number("ageDistanceTerm", &ModelState::runner, &Runner::ageDistanceTerm)};
+    }
+
+    std::vector<StateName> raceNames()
+    {
+        return {whole("rowsUsed", &ModelState::races, &Races::rowsUsed),
+                whole("raceCount", &ModelState::races, &Races::raceCount),
+                races("rowTime", &Races::rowTime, &Races::rowsUsed),
+                races("rowDist", &Races::rowDist, &Races::rowsUsed),
+                races("entryTime", &Races::entryTime, &Races::raceCount),
+                races("entryDist", &Races::entryDist, &Races::raceCount),
+                races("fitTime", &Races::fitTime, &Races::raceCount),
+                {"unitFactor",
+                 [](const ModelState& state) -> StateValue
+                 { return std::vector<double>(state.races.unitFactor.begin(), state.races.unitFactor.end()); },
+                 {}}};
+    }
+
+    std::vector<StateName> curveNames()
+    {
+        return {number("aerobicPower", &ModelState::curve, &Curve::aerobicPower),
+                number("anaerobicEnergy", &ModelState::curve, &Curve::anaerobicEnergy),
+                number("refDistance", &ModelState::curve, &Curve::refDistance),
+                number("fatigueCoef", &ModelState::curve, &Curve::fatigueCoef),
+                number("startDelay", &ModelState::curve, &Curve::startDelay),
+                number("anaerobicExp", &ModelState::curve, &Curve::anaerobicExp),
+                number("humpCentre", &ModelState::curve, &Curve::humpCentre),
+                number("humpDepth", &ModelState::curve, &Curve::humpDepth),
+                number("humpWidth", &ModelState::curve, &Curve::humpWidth),
+                number("piValue", &ModelState::curve, &Curve::piValue)};
+    }
+
+    std::vector<StateName> resultNames()
+    {
+        return {number("speedRatio", &ModelState::results, &Results::speedRatio),
+                number("speedRatioAdj", &ModelState::results, &Results::speedRatioAdj),
+                number("time800", &ModelState::results, &Results::time800),
+                number("time5000", &ModelState::results, &Results::time5000),
+                number("level", &ModelState::results, &Results::level),
+                number("level5000", &ModelState::results, &Results::level5000),
+                number("levelIndex", &ModelState::results, &Results::levelIndex),
+                number("levelIndexFromLevel", &ModelState::results, &Results::levelIndexFromLevel),
+                number("curDistance", &ModelState::results, &Results::curDistance)};
+    }
+
+    std::vector<StateName> flagNames()
+    {
+        return {whole("tableMode", &ModelState::flags, &Flags::tableMode),
+                whole("warnedExtrapolation", &ModelState::flags, &Flags::warnedExtrapolation),
+                whole("warnedProfile", &ModelState::flags, &Flags::warnedProfile),
+                whole("ageCompareOn", &ModelState::flags, &Flags::ageCompareOn),
+                whole("ageCompareForced", &ModelState::flags, &Flags::ageCompareForced),
+                whole("ageCompareLocal", &ModelState::flags, &Flags::ageCompareLocal),
+                whole("agecomp", &ModelState::flags, &Flags::agecomp),
+                whole("oplev", &ModelState::flags, &Flags::oplev),
+                whole("calculatedOnce", &ModelState::flags, &Flags::calculatedOnce),
+                whole("reportToFile", &ModelState::flags, &Flags::reportToFile),
+                whole("graphScale", &ModelState::flags, &Flags::graphScale),
+                letter("unitsMode", &ModelState::flags, &Flags::unitsMode, "me")};
+    }
+
+    std::vector<StateName> tableNames()
+    {
+        const auto times = [](const ModelState& state) -> StateValue
+        {
+            std::vector<std::vector<double>> columns;
+            for (const auto& column : state.table.tableTimes)
+                columns.push_back(firstOf(column, tableDistances));
+            return columns;
+        };
+        return {number("tableTime800", &ModelState::table, &TableRun::tableTime800),
+                number("tableTime5000", &ModelState::table, &TableRun::tableTime5000),
+                whole("tableRow", &ModelState::table, &TableRun::tableRow),
+                {"tableDist",
+                 [](const ModelState& state) -> StateValue { return firstOf(state.table.tableDist, tableDistances); },
+                 {}},
+                {"tableTimes", times, {}}};
+    }
+}
+
+const std::vector<StateName>& stateNames()
+{
+    static const std::vector<StateName> names = []
+    {
+        std::vector<StateName> all;
+        for (const std::vector<StateName>& some :
+             {runnerNames(), raceNames(), curveNames(), resultNames(), flagNames(), tableNames()})
+            all.insert(all.end(), some.begin(), some.end());
+        return all;
+    }();
+    return names;
+}
+
+const StateName* findStateName(std::string_view name)
+{
+    const auto found = std::find_if(stateNames().begin(), stateNames().end(),
+                                    [&](const StateName& entry) { return entry.name == name; });
+    return found == stateNames().end() ? nullptr : &*found;
+}
