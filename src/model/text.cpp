@@ -212,7 +212,7 @@ double val(std::string_view text)
     if (error == std::errc::result_out_of_range)
     {
         if (isHuge(number))
-            stopWith("an overflow: a number that is too large");
+            stopWith("an overflow (a number is too large)");
         return 0;
     }
     return value;

@@ -43,13 +43,15 @@ namespace
                 state.races.unitFactor[i] = factorOf(input.rows[i].unit);
     }
 
+    /// The number is read for every row, so that one that can't be held stops a marathon row, too.
     double distanceOf(const std::string& number, double factor)
     {
+        const double distance = checked(val(number) * factor);
         if (factor == marathonCode)
             return marathonMetres;
         if (factor == halfMarathonCode)
             return halfMarathonMetres;
-        return checked(val(number) * factor);
+        return distance;
     }
 
     std::string unitWord(double factor)
