@@ -35,15 +35,42 @@ namespace
         return json;
     }
 
-    Json contents(const TextBox& box) { return box.text; }
-    Json contents(const Label& label) { return label.caption; }
-    Json contents(const OptionButton& option) { return option.chosen; }
-    Json contents(const CheckBox& box) { return box.ticked ? 1 : 0; }
-    Json contents(const Button& button) { return button.caption; }
-    Json contents(const ScrollBar& bar) { return bar.value; }
-    Json contents(const ListBox& list) { return list.items; }
-    Json contents(const MenuItem& item) { return item.ticked; }
-    Json contents(const TextSurface& surface) { return surface.page.lines; }
+    Json contents(const TextBox& box)
+    {
+        return box.text;
+    }
+    Json contents(const Label& label)
+    {
+        return label.caption;
+    }
+    Json contents(const OptionButton& option)
+    {
+        return option.chosen;
+    }
+    Json contents(const CheckBox& box)
+    {
+        return box.ticked ? 1 : 0;
+    }
+    Json contents(const Button& button)
+    {
+        return button.caption;
+    }
+    Json contents(const ScrollBar& bar)
+    {
+        return bar.value;
+    }
+    Json contents(const ListBox& list)
+    {
+        return list.items;
+    }
+    Json contents(const MenuItem& item)
+    {
+        return item.ticked;
+    }
+    Json contents(const TextSurface& surface)
+    {
+        return surface.page.lines;
+    }
 
     Json contents(const Picture& picture)
     {
@@ -115,9 +142,7 @@ std::optional<Json> propertyOf(const ControlRef& control, std::string_view prope
 
 Json describe(const ControlRef& control)
 {
-    Json json{{"name", common(control).name},
-              {"kind", std::visit(KindName{}, control)},
-              {"value", valueOf(control)}};
+    Json json{{"name", common(control).name}, {"kind", std::visit(KindName{}, control)}, {"value", valueOf(control)}};
     for (const char* property : {"enabled", "visible", "caption", "colour", "min", "max", "selected"})
         if (const std::optional<Json> value = propertyOf(control, property))
             json[property] = *value;

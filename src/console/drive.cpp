@@ -48,10 +48,10 @@ namespace
     Dialogs dialogsOf(Session& session)
     {
         Dialogs dialogs;
-        dialogs.message = [&session](const Message& message)
-        { say(session, {{"message", message.text}, {"title", message.title}}); };
-        dialogs.ask = [&session](const Message& question)
-        {
+        dialogs.message = [&session](const Message& message) {
+            say(session, {{"message", message.text}, {"title", message.title}});
+        };
+        dialogs.ask = [&session](const Message& question) {
             if (session.answers.empty())
                 throw ScriptMistake("no answer is ready for the question \"" + question.text + "\"");
             const bool yes = session.answers.front();
@@ -60,18 +60,19 @@ namespace
             return yes;
         };
         dialogs.beep = [&session] { say(session, {{"beep", true}}); };
-        dialogs.fault = [&session](const FaultReport& fault)
-        { say(session, {{"fault", fault.text}, {"in", fault.where}}); };
+        dialogs.fault = [&session](const FaultReport& fault) {
+            say(session, {{"fault", fault.text}, {"in", fault.where}});
+        };
         return dialogs;
     }
 
     Printer printerOf(Session& session)
     {
         Printer printer;
-        printer.printText = [&session](const std::vector<std::string>& lines)
-        { say(session, {{"print", "text"}, {"lines", lines}}); };
-        printer.printForm = [&session](const FormImage& image)
-        {
+        printer.printText = [&session](const std::vector<std::string>& lines) {
+            say(session, {{"print", "text"}, {"lines", lines}});
+        };
+        printer.printForm = [&session](const FormImage& image) {
             say(session, {{"print", "form"},
                           {"form", image.form},
                           {"background", colourText(image.background)},
@@ -230,12 +231,10 @@ namespace
         void run(const Event& clicked) const
         {
             const Event event = clicked;   // the event may end the form that holds it
-            act(session, target.name,
-                [&]
-                {
-                    if (event)
-                        event();
-                });
+            act(session, target.name, [&] {
+                if (event)
+                    event();
+            });
         }
     };
 
@@ -383,12 +382,10 @@ namespace
     {
         const std::string name = line.word("a function");
         const std::vector<std::string> arguments = line.words();
-        act(session, "call " + name,
-            [&]
-            {
-                session.program->state.activity = "calling " + name;
-                say(session, {{"call", name}, {"value", callFunction(session.program->state, name, arguments)}});
-            });
+        act(session, "call " + name, [&] {
+            session.program->state.activity = "calling " + name;
+            say(session, {{"call", name}, {"value", callFunction(session.program->state, name, arguments)}});
+        });
     }
 
     struct Word

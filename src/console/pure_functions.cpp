@@ -84,8 +84,12 @@ namespace
     {
         state.results.curDistance = numberAt(words, 0);
         const TimeStep step = timeStep(state);
-        return {{"rawTime", step.rawTime}, {"time", step.time},                 {"speed", step.speed},
-                {"perMile", step.perMile}, {"perKilometre", step.perKilometre}, {"per400", step.per400}};
+        return {{"rawTime", step.rawTime},
+                {"time", step.time},
+                {"speed", step.speed},
+                {"perMile", step.perMile},
+                {"perKilometre", step.perKilometre},
+                {"per400", step.per400}};
     }
 
     Json callStrippedTime(ModelState& state, const Words& words)

@@ -27,8 +27,7 @@ std::string ScriptLine::word(const char* what)
         throw ScriptMistake("the line is too long");
     const std::size_t from = text.find_first_not_of(blanks, position);
     if (from == std::string::npos)
-        throw ScriptMistake(std::string("the line lacks ") + what +
-                            " after \"" + text.substr(0, position) + "\"");
+        throw ScriptMistake(std::string("the line lacks ") + what + " after \"" + text.substr(0, position) + "\"");
     if (text[from] == '"')
     {
         const std::size_t end = text.find('"', from + 1);

@@ -106,10 +106,24 @@ struct Point
     friend bool operator==(const Point&, const Point&) = default;
 };
 
-struct LinePrimitive { Point from, to; };
-struct CirclePrimitive { Point centre; double radius = 0; };
-struct PointPrimitive { Point at; };
-struct TextPrimitive { std::string text; Point at; };
+struct LinePrimitive
+{
+    Point from, to;
+};
+struct CirclePrimitive
+{
+    Point centre;
+    double radius = 0;
+};
+struct PointPrimitive
+{
+    Point at;
+};
+struct TextPrimitive
+{
+    std::string text;
+    Point at;
+};
 
 /// One thing drawn on a picture, in the picture's units.
 struct Primitive

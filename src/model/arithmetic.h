@@ -23,7 +23,10 @@ inline constexpr std::size_t elementaryCallKinds = 7;
 
 #ifdef VANTELOS_COUNT_CALLS
 inline thread_local std::array<long long, elementaryCallKinds> callCounts{};
-inline void countCall(ElementaryCall call) { ++callCounts[static_cast<std::size_t>(call)]; }
+inline void countCall(ElementaryCall call)
+{
+    ++callCounts[static_cast<std::size_t>(call)];
+}
 #else
 inline void countCall(ElementaryCall) {}
 #endif
@@ -46,7 +49,10 @@ inline void countCall(ElementaryCall) {}
     return checked(numerator / denominator);
 }
 
-[[nodiscard]] inline double square(double x) { return x * x; }
+[[nodiscard]] inline double square(double x)
+{
+    return x * x;
+}
 
 /// Faults: x below 0, or not finite.
 [[nodiscard]] inline double squareRoot(double x)
@@ -104,7 +110,13 @@ inline void countCall(ElementaryCall) {}
 }
 
 /// x to the nearest whole number, a tie to the even one: 2.5 gives 2, 3.5 gives 4.
-[[nodiscard]] inline double roundHalfEven(double x) { return std::nearbyint(x); }
+[[nodiscard]] inline double roundHalfEven(double x)
+{
+    return std::nearbyint(x);
+}
 
 /// -1, 0 or 1.
-[[nodiscard]] inline double signOf(double x) { return x > 0 ? 1 : (x < 0 ? -1 : 0); }
+[[nodiscard]] inline double signOf(double x)
+{
+    return x > 0 ? 1 : (x < 0 ? -1 : 0);
+}

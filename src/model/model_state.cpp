@@ -20,8 +20,7 @@ double bodyDragOf(double weightKg, double heightCm)
 
 double fatigueCoefOf(double weeklyMiles, bool female)
 {
-    const double coefficient =
-        0.08 - power(weeklyMiles + 1, 0.5) / 420 + 62.97 * power(weeklyMiles + 20, -1.73) - 0.03;
+    const double coefficient = 0.08 - power(weeklyMiles + 1, 0.5) / 420 + 62.97 * power(weeklyMiles + 20, -1.73) - 0.03;
     return female ? coefficient - 0.022 : coefficient;
 }
 

@@ -20,15 +20,15 @@ inline constexpr double standardBodyDrag = 60;
 struct Runner
 {
     std::string runnerName = "Joe Runner";
-    double age = 0;                        // years, any number
-    char sex = 'm';                        // 'm' or 'f'
-    double weeklyMiles = 20;               // miles a week, a whole number from 0 to 150
+    double age = 0;            // years, any number
+    char sex = 'm';            // 'm' or 'f'
+    double weeklyMiles = 20;   // miles a week, a whole number from 0 to 150
     double weightKg = standardWeightKg;
     double heightCm = standardHeightCm;
-    double bodyDrag = standardBodyDrag;    // follows weight and height, see `bodyDragOf`
-    double maxHr = 0;                      // beats a minute
+    double bodyDrag = standardBodyDrag;   // follows weight and height, see `bodyDragOf`
+    double maxHr = 0;                     // beats a minute
     double restHr = 0;
-    double ageDistanceTerm = 0;            // miles a week: |age - 18| ^ 1.5 / 24
+    double ageDistanceTerm = 0;   // miles a week: |age - 18| ^ 1.5 / 24
 };
 
 /// Marathon and half marathon are stored in a row's factor cell as these codes; they are never metres.
@@ -65,9 +65,9 @@ struct Curve
 
 struct Results
 {
-    double speedRatio = 0;            // speed at 800 m over speed at 5000 m
-    double speedRatioAdj = 0;         // speedRatio ^ (level / 0.9)
-    double time800 = 0;               // s, of the latest metric table
+    double speedRatio = 0;      // speed at 800 m over speed at 5000 m
+    double speedRatioAdj = 0;   // speedRatio ^ (level / 0.9)
+    double time800 = 0;         // s, of the latest metric table
     double time5000 = 0;
     double level = 0;                 // last performance level computed by anyone: scratch
     double level5000 = 0;             // fraction, 1 at the record
@@ -90,17 +90,17 @@ struct Flags
     int eqpaceMode = 0;             // set by the menu before the hill pace table opens
     int performanceStart = 0;       // 1 when the menu has opened the performance table specification
     int performanceFromTable = 0;   // 1 while the performance form stands as opened from a table
-    int reportToFile = 0;          // 0 full report to the printer, 1 to a text file
-    int graphScale = 4;            // 1, 2, 3 linear ranges, 4 logarithmic
-    char unitsMode = 'm';          // 'm' metric, 'e' English: graphs and the Units menu
+    int reportToFile = 0;           // 0 full report to the printer, 1 to a text file
+    int graphScale = 4;             // 1, 2, 3 linear ranges, 4 logarithmic
+    char unitsMode = 'm';           // 'm' metric, 'e' English: graphs and the Units menu
 };
 
 /// What the performance table hands to `calculate` and gets from it.
 struct TableRun
 {
-    double tableTime800 = 0;    // s
-    double tableTime5000 = 0;   // s
-    int tableRow = 0;           // 0 to 8: the column of levels or ages under way
+    double tableTime800 = 0;                      // s
+    double tableTime5000 = 0;                     // s
+    int tableRow = 0;                             // 0 to 8: the column of levels or ages under way
     OneBased<double, tableDistances> tableDist;   // m
     std::array<OneBased<double, tableDistances>, static_cast<std::size_t>(tableColumns)> tableTimes;   // s
 };

@@ -9,13 +9,16 @@
 // Solved for v this gives a raw speed; a fixed chain of corrections turns it into a race time.
 
 /// Model power of running at a speed in m/s.
-[[nodiscard]] inline double modelPower(double speed) { return 140 + 60 * square(speed); }
+[[nodiscard]] inline double modelPower(double speed)
+{
+    return 140 + 60 * square(speed);
+}
 
 /// Speed at which a runner meets the energy balance over a distance, before any correction: the larger root of
 /// 60 * d * v ^ 2 - E * v + (140 - aerobicPower) * d = 0.
 ///   anaerobicEnergy, aerobicPower, refDistance  the curve, refDistance > 0
 ///   distance                                    m, > 0
-/// Returns m/s. Reads anaerobicExp.  Faults: no real root, distance or refDistance not above 0.
+/// Returns m/s. Reads anaerobicExp.  Faults: no real root, a distance or refDistance of 0, only one of them negative.
 [[nodiscard]] double rawSpeed(const ModelState& state, double anaerobicEnergy, double aerobicPower, double refDistance,
                               double distance);
 
@@ -28,7 +31,7 @@
 
 /// Race time from a raw speed.
 ///   distance  m, > 0; within 0.1 m of 9410.5 m the time is longer by the square root of 2, on purpose
-///   speed     m/s, > 0
+///   speed     m/s, > 0; a negative one gives a negative time
 /// Returns s. Reads humpCentre, humpDepth, humpWidth, piValue and sex.  Faults: distance not above 0, speed 0.
 [[nodiscard]] double finishTime(const ModelState& state, double distance, double speed, double fatigueCoef,
                                 double startDelay);
@@ -44,12 +47,12 @@
 /// A race time with what led to it.
 struct TimeStep
 {
-    double rawTime = 0;      // s, before any correction
-    double time = 0;         // s
-    double speed = 0;        // m/s, distance over time
-    double perMile = 0;      // s
-    double perKilometre = 0; // s
-    double per400 = 0;       // s
+    double rawTime = 0;        // s, before any correction
+    double time = 0;           // s
+    double speed = 0;          // m/s, distance over time
+    double perMile = 0;        // s
+    double perKilometre = 0;   // s
+    double per400 = 0;         // s
 };
 
 /// The state's own curve at `curDistance`, with the intermediate values.

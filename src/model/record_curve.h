@@ -21,7 +21,7 @@ enum class RecordMode { timeOfLevel = 0, record = 1 };
 /// Level of a performance, meant to be comparable across distances: 1 at the record.
 ///   ratio     record time over time, > 0
 ///   distance  m, > 0
-/// Faults: a ratio or distance not above 0.
+/// Faults: a negative ratio, a distance not above 0.
 [[nodiscard]] double performanceLevel(double ratio, double distance, char sex);
 
 /// Level of a time of the state's runner: the record over the time, rated.
@@ -30,17 +30,19 @@ enum class RecordMode { timeOfLevel = 0, record = 1 };
 /// Writes ageCompareOn.  Faults: as `recordTime` and `performanceLevel`, a time of 0.
 [[nodiscard]] double levelOf(ModelState& state, double distance, double time);
 
-/// Factor of 1 or more on the record time, near 1 at age 27.
+/// Factor on the record time for an age: about 1 at 27, more to either side.
 ///   age       years; from 10 down and from 85 up the outermost rows hold
 ///   distance  m; a straight line through the 5 km and the 30 km value, without limit outside
 ///   ratio     not used; callers pass the ratio at hand
-/// Reads levelIndex.  Faults: ages from 104 (men), 102 (women), and from -4 down have no real value.
+/// Reads levelIndex.  Faults: ages from 104 (men), 102 (women), and from -4 down have no real value; far beyond 30 km
+/// very high and very low ages have none either, or a negative factor while levelIndex is 0.
 [[nodiscard]] double ageFactor(const ModelState& state, double age, double distance, double ratio, char sex);
 
 /// Share of runners, in percent, that are better than a level: the Top_% figure.
-///   level  fraction, > 0. Men get 0 from level 1 up; women get a small negative figure above it.
+///   level  fraction, > 0. Men get 0 from level 1 up; women get a negative figure above it.
+/// Faults: a level, for women also a ratio, not above 0.
 [[nodiscard]] double topPercent(double level, char sex);
 
-/// Age-curve index from a level, and from a ratio of record time over time; range as `topPercent`.
+/// Age-curve index from a level, and from a ratio of record time over time; range and faults as `topPercent`.
 [[nodiscard]] double indexFromLevel(double level, char sex);
 [[nodiscard]] double indexFromRatio(double ratio, char sex);

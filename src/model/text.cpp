@@ -85,10 +85,9 @@ namespace
     {
         constexpr int significantDigits = 15;
         std::array<char, 40> buffer{};
-        const auto end =
-            std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::scientific,
-                          significantDigits - 1)
-                .ptr;
+        const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
+                                       std::chars_format::scientific, significantDigits - 1)
+                             .ptr;
         const std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
         const std::size_t mark = text.find('e');
 
@@ -106,7 +105,7 @@ namespace
     /// The digits of a number without its sign and without a zero before the point: "3", ".75", "1.5E-20".
     std::string unsignedText(double magnitude)
     {
-        constexpr int largestPlaces = 15;   // beyond them, on either side of the point, an exponent is shorter
+        constexpr int largestPlaces = 15;   // more, on either side of the point, take an exponent
         if (magnitude == 0)
             return "0";
         const auto [digits, exponent] = decimalOf(magnitude);
@@ -267,9 +266,8 @@ std::string formatNumber(double value, int width, int decimals)
     if (decimals < 0 || decimals > 5)
         return std::string(columns, ' ');
     std::array<char, 400> buffer{};   // the largest double has 309 digits before the point
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed,
-                                   decimals)
-                         .ptr;
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, decimals).ptr;
     std::string text(buffer.data(), end);
     if (text.front() == '-' && text.find_first_of("123456789") == std::string::npos)
         text.erase(0, 1);

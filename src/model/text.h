@@ -25,7 +25,7 @@
 /// A time as a text of normally ten characters: "      43.2" below 59.95 s, else " 2:05:46  ".
 ///   seconds   s; a value below 0.105 is replaced by its value in hundredths (0 at the least) in the caller's
 ///             variable, too
-/// Tenths are cut after 0.0500011 is added, so a value a hair below a power of ten shows a bare point ("       10.").
+/// Tenths are cut after 0.0500011 is added, so a value a hair below 0.95 or 9.95 shows a bare point ("       01.", "       10.").
 /// Of more than three digits of hours the last three are kept.
 [[nodiscard]] std::string formatTime(double& seconds);
 [[nodiscard]] std::string formatTime(double&& seconds);

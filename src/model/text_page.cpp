@@ -36,7 +36,7 @@ void print(TextPage& page, std::string_view text)
 
 void print(TextPage& page, double number)
 {
-    print(page, signedText(number) + ' ');
+    print(page, (number < 0 ? " " : "") + signedText(number) + ' ');
 }
 
 void goToColumn(TextPage& page, int column)

@@ -20,7 +20,8 @@ void clear(TextPage& page);
 /// Writes `text` at the end of the line under way.
 void print(TextPage& page, std::string_view text);
 
-/// Writes a number as a printed item: a blank or a minus, the digits without a zero before the point, a blank.
+/// Writes a number as a printed item: a blank, a minus if it is negative, the digits without a zero before the point,
+/// a blank.
 void print(TextPage& page, double number);
 
 /// Moves to column `column`; a column that is already passed stays passed, and the next item follows at once.

@@ -36,13 +36,6 @@ namespace
         return 0;
     }
 
-    void readUnitFactors(ModelState& state, const CalculationInput& input)
-    {
-        for (std::size_t i = 0; i < input.rows.size(); ++i)
-            if (input.rows[i].unit != RaceUnit::none)
-                state.races.unitFactor[i] = factorOf(input.rows[i].unit);
-    }
-
     /// The number is read for every row, so that one that can't be held stops a marathon row, too.
     double distanceOf(const std::string& number, double factor)
     {
@@ -56,11 +49,16 @@ namespace
 
     std::string unitWord(double factor)
     {
-        if (factor == metresPerMile) return "mi";
-        if (factor == metresPerYard) return "yd";
-        if (factor == metresPerKilometre) return "km";
-        if (factor == marathonCode) return "marathon";
-        if (factor == halfMarathonCode) return "half marathon";
+        if (factor == metresPerMile)
+            return "mi";
+        if (factor == metresPerYard)
+            return "yd";
+        if (factor == metresPerKilometre)
+            return "km";
+        if (factor == marathonCode)
+            return "marathon";
+        if (factor == halfMarathonCode)
+            return "half marathon";
         return "m";
     }
 
@@ -94,18 +92,19 @@ namespace
 
     bool readRows(ModelState& state, const CalculationInput& input, RaceLabels& raceLabel, Messages& messages)
     {
-        readUnitFactors(state, input);
         int& n = state.races.raceCount;
         n = 0;
         for (std::size_t i = 0; i < input.rows.size(); ++i)
         {
+            double& factor = state.races.unitFactor[i];
+            if (input.rows[i].unit != RaceUnit::none)
+                factor = factorOf(input.rows[i].unit);
             if (!input.rows[i].use)
                 continue;
             const std::string rowNumber = signedText(static_cast<double>(i + 1));
             state.activity = "reading race row" + rowNumber;
             n = n + 1;
-            const std::string failure =
-                readRace(state.races, input.rows[i], state.races.unitFactor[i], n, raceLabel);
+            const std::string failure = readRace(state.races, input.rows[i], factor, n, raceLabel);
             if (!failure.empty())
             {
                 messages.push_back({failure + " in row #" + rowNumber});
@@ -208,8 +207,7 @@ namespace
                 if (quotient(races.entryDist[i], races.entryTime[i]) <=
                     quotient(races.entryDist[k], races.entryTime[k]))
                 {
-                    messages.push_back(
-                        {"Omitting" + raceLabel[i] + " because it is slower paced than a longer race."});
+                    messages.push_back({"Omitting" + raceLabel[i] + " because it is slower paced than a longer race."});
                     removeRace(races, raceLabel, i);
                     i = i - 1;
                     break;
@@ -224,8 +222,7 @@ namespace
     {
         if (flags.warnedExtrapolation != 0)
             return;
-        const auto warn = [&](const char* text, const char* title)
-        {
+        const auto warn = [&](const char* text, const char* title) {
             messages.push_back({text, title});
             flags.warnedExtrapolation = 1;
         };
@@ -245,8 +242,8 @@ namespace
         Races& races = state.races;
         races.entryDist[1] = 800;
         races.entryDist[2] = 5000;
-        races.entryTime[1] = state.table.tableTime800 - state.curve.startDelay;
-        races.entryTime[2] = state.table.tableTime5000 - state.curve.startDelay;
+        races.entryTime[1] = checked(state.table.tableTime800 - state.curve.startDelay);
+        races.entryTime[2] = checked(state.table.tableTime5000 - state.curve.startDelay);
         races.fitTime[1] = races.entryTime[1];
         races.fitTime[2] = races.entryTime[2];
     }

@@ -53,6 +53,7 @@ struct PredictedRow
     double level = 0;          // performance level, 1 at the record
     double percentLevel = 0;   // 100 * level, a whole number
     double topPercent = 0;
+    std::string timeText, perMileText, perKilometreText, per400Text, recordText;   // ten characters as a rule
 };
 
 /// What runs leave to be shown. It is written step by step, so that after a fault it holds what was done before it.

@@ -130,8 +130,8 @@ namespace
             runner.age = 27;
             const double volumeEstimate = volumeEstimateOf(state);
             aerobicPace = checked(pace - quotient((volumeTarget + 0.3 - volumeEstimate) * 2000,
-                                                 squareRoot(state.curve.refDistance + 500)) /
-                                            (runner.weeklyMiles + 10));
+                                                  squareRoot(state.curve.refDistance + 500)) /
+                                             (runner.weeklyMiles + 10));
             runner.age = keptAge;
             done = volumeEstimate > volumeTarget - 0.1 || aerobicPace < 270 || state.results.speedRatio < 1.12;
             if (!done && aerobicPace == pace)
@@ -242,8 +242,8 @@ namespace
     {
         const Races& races = state.races;
         fit.pairCount = fit.pairCount + 1;
-        fit.pairs[fit.pairCount] = {races.fitTime[i], races.entryDist[i], races.entryDist[j],
-                                    state.curve.aerobicPower, fit.raceEnergy};
+        fit.pairs[fit.pairCount] = {races.fitTime[i], races.entryDist[i], races.entryDist[j], state.curve.aerobicPower,
+                                    fit.raceEnergy};
         if (fit.chosenPair == 0)
             fit.chosenPair = fit.pairCount;   // the first pair stays: shortest races first
     }

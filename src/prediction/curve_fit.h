@@ -15,9 +15,11 @@
 ///   useBestTwo  true for "Fit best two"
 ///   messages    gets "Very unusual profile..." once until Re-Calculate
 /// Reads the runner, the races 1 to raceCount, the curve constants. Writes aerobicPower, anaerobicEnergy,
-/// refDistance, ageDistanceTerm, curDistance, level, speedRatioAdj; lowers anaerobicExp for long races that are
-/// very slow, and nothing raises it again before Re-Calculate.
-/// Faults: no pair is kept; a sixth pair; a race without a usable time; a search that can't end. A fault inside the
-/// pace search leaves age at 27 and the search's speedRatio.
-/// Loops: the pace search takes some 60 rounds on ordinary data, the pair fit some 30; neither has a cap.
+/// refDistance, ageDistanceTerm, curDistance, level, speedRatioAdj, ageCompareOn, warnedProfile; lowers anaerobicExp
+/// for long races that are very slow, and nothing raises it again before Re-Calculate.
+/// Faults: no pair is kept; a sixth pair; a race without a usable time; a search that can't end. A fault while
+/// the pace search estimates the specialty leaves age at 27, and any fault in it the search's speedRatio.
+/// Loops: the pace search takes some 60 rounds on ordinary data (up to 215 measured), the pair fit some 30 (up to
+/// 10,000 for races that hardly fit together); neither has a cap. Both ask goOn and stop with a fault once their pace
+/// no longer moves.
 void fitCurve(ModelState& state, bool useBestTwo, Messages& messages);

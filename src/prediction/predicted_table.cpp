@@ -36,9 +36,14 @@ PredictedRow predictRow(ModelState& state, const TableDistance& at, int comparis
     row.perMile = step.perMile;
     row.perKilometre = step.perKilometre;
     row.per400 = step.per400;
+    row.timeText = formatTime(row.time);   // which may replace its argument, and the levels go by what stands then
+    row.perMileText = formatTime(row.perMile);
+    row.perKilometreText = formatTime(row.perKilometre);
+    row.per400Text = formatTime(row.per400);
     state.activity = "rating the time over " + plainText(d) + " m";
     const double L = comparisonLevel / 1000.0;
     row.record = recordTime(state, sex, RecordMode::timeOfLevel, d, L);
+    row.recordText = formatTime(row.record);
     row.percentSpeed = roundHalfEven(quotient(100 * row.record, row.time));
     results.level = levelOf(state, d, row.time);
     row.level = results.level;
@@ -56,20 +61,20 @@ std::string topPercentText(double percent)
     return formatNumber(percent, 7, decimals);
 }
 
-std::string predictedLine(PredictedRow row)
+std::string predictedLine(const PredictedRow& row)
 {
     TextPage page;
     print(page, row.label);
     goToColumn(page, 15);
-    print(page, formatTime(row.time));
+    print(page, row.timeText);
     goToColumn(page, 27);
-    print(page, formatTime(row.perMile));
+    print(page, row.perMileText);
     goToColumn(page, 39);
-    print(page, formatTime(row.perKilometre));
+    print(page, row.perKilometreText);
     goToColumn(page, 51);
-    print(page, formatTime(row.per400));
+    print(page, row.per400Text);
     goToColumn(page, 63);
-    print(page, formatTime(row.record));
+    print(page, row.recordText);
     goToColumn(page, 78);
     print(page, row.percentSpeed);
     goToColumn(page, 88);

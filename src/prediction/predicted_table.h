@@ -47,16 +47,17 @@ inline constexpr const char* predictedHeading =
 /// One row: the time of the state's curve at a distance, and what it is worth.
 ///   comparisonLevel  tenths of a percent: the level of the Record column
 /// Writes curDistance, level, ageCompareOn; time800 at 800 m; time5000 and speedRatio at 5000 m.
-/// Faults: comparisonLevel 0, a curve without a time at the distance.
+/// Faults: comparisonLevel 0, a curve without a time at the distance, an age without an age factor.
 [[nodiscard]] PredictedRow predictRow(ModelState& state, const TableDistance& at, int comparisonLevel);
 
 /// A row as it is printed.
-[[nodiscard]] std::string predictedLine(PredictedRow row);
+[[nodiscard]] std::string predictedLine(const PredictedRow& row);
 
 /// A Top_% figure in seven columns, with more decimals the smaller it is.
 [[nodiscard]] std::string topPercentText(double percent);
 
 /// Prints heading and rows of the chosen output. Rows printed before a fault stay.
+/// Faults: as `predictRow`.
 void printPredictedTable(ModelState& state, const CalculationInput& input, CalculationResults& results);
 
 /// Works out level5000, levelIndex and levelIndexFromLevel, with age comparison on.

@@ -69,7 +69,8 @@ std::string lineOfField(const FieldValue& field)
     if (const std::string* text = std::get_if<std::string>(&field))
     {
         std::string line = *text;
-        std::replace_if(line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+        std::replace_if(
+            line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
         return '"' + line + '"';
     }
     return {};

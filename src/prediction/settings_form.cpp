@@ -80,8 +80,7 @@ namespace
     template <class... Targets>
     void readInto(FieldReader& reader, Targets&... targets)
     {
-        const auto one = [&reader](auto& target)
-        {
+        const auto one = [&reader](auto& target) {
             const FieldValue& field = reader.next();
             try
             {
@@ -121,12 +120,30 @@ namespace
             readInto(reader, row.splitdis, row.splitmin, row.splitsec);
     }
 
-    void write(std::vector<FieldValue>& fields, const OptionButton& option) { fields.emplace_back(option.chosen); }
-    void write(std::vector<FieldValue>& fields, const CheckBox& box) { fields.emplace_back(box.ticked ? 1.0 : 0.0); }
-    void write(std::vector<FieldValue>& fields, const ScrollBar& bar) { fields.emplace_back(double(bar.value)); }
-    void write(std::vector<FieldValue>& fields, const TextBox& box) { fields.emplace_back(box.text); }
-    void write(std::vector<FieldValue>& fields, const std::string& text) { fields.emplace_back(text); }
-    void write(std::vector<FieldValue>& fields, double number) { fields.emplace_back(number); }
+    void write(std::vector<FieldValue>& fields, const OptionButton& option)
+    {
+        fields.emplace_back(option.chosen);
+    }
+    void write(std::vector<FieldValue>& fields, const CheckBox& box)
+    {
+        fields.emplace_back(box.ticked ? 1.0 : 0.0);
+    }
+    void write(std::vector<FieldValue>& fields, const ScrollBar& bar)
+    {
+        fields.emplace_back(double(bar.value));
+    }
+    void write(std::vector<FieldValue>& fields, const TextBox& box)
+    {
+        fields.emplace_back(box.text);
+    }
+    void write(std::vector<FieldValue>& fields, const std::string& text)
+    {
+        fields.emplace_back(text);
+    }
+    void write(std::vector<FieldValue>& fields, double number)
+    {
+        fields.emplace_back(number);
+    }
     void write(std::vector<FieldValue>& fields, const std::optional<double>& number)
     {
         fields.push_back(number ? FieldValue(*number) : FieldValue());

@@ -18,30 +18,39 @@ namespace
 
     RaceUnit unitOf(const RaceControls& race)
     {
-        if (race.Option1.chosen) return RaceUnit::miles;
-        if (race.Option2.chosen) return RaceUnit::yards;
-        if (race.Option3.chosen) return RaceUnit::kilometers;
-        if (race.Option4.chosen) return RaceUnit::meters;
-        if (race.Option5.chosen) return RaceUnit::marathon;
-        if (race.Option6.chosen) return RaceUnit::halfMarathon;
+        if (race.Option1.chosen)
+            return RaceUnit::miles;
+        if (race.Option2.chosen)
+            return RaceUnit::yards;
+        if (race.Option3.chosen)
+            return RaceUnit::kilometers;
+        if (race.Option4.chosen)
+            return RaceUnit::meters;
+        if (race.Option5.chosen)
+            return RaceUnit::marathon;
+        if (race.Option6.chosen)
+            return RaceUnit::halfMarathon;
         return RaceUnit::none;
     }
 
     FitMode fitOf(const VantstartForm& form)
     {
-        if (form.Option7.chosen) return FitMode::bestTwo;
+        if (form.Option7.chosen)
+            return FitMode::bestTwo;
         return form.Option8.chosen ? FitMode::allData : FitMode::none;
     }
 
     OutputMode outputOf(const VantstartForm& form)
     {
-        if (form.Option10.chosen) return OutputMode::english;
+        if (form.Option10.chosen)
+            return OutputMode::english;
         return form.Option9.chosen ? OutputMode::metric : OutputMode::none;
     }
 
     SexChoice sexOf(const VantstartForm& form)
     {
-        if (form.optfemale.chosen) return SexChoice::female;
+        if (form.optfemale.chosen)
+            return SexChoice::female;
         return form.optmale.chosen ? SexChoice::male : SexChoice::none;
     }
 
@@ -171,9 +180,8 @@ namespace
         race.Check1 = {{.name = arrayName("Check1", i), .caption = "Use?", .tip = "Use this race"}};
         race.Text1 = {{.name = arrayName("Text1", i), .caption = "Hours", .tip = "Hours of the race time"}};
         race.Text2 = {{.name = arrayName("Text2", i), .caption = "Minutes", .tip = "Minutes of the race time"}};
-        race.Text3 = {{.name = arrayName("Text3", i),
-                       .caption = "Seconds",
-                       .tip = "Seconds of the race time; decimals allowed"}};
+        race.Text3 = {
+            {.name = arrayName("Text3", i), .caption = "Seconds", .tip = "Seconds of the race time; decimals allowed"}};
         race.Text4 = {{.name = arrayName("Text4", i),
                        .caption = "Number",
                        .tip = "Distance in the unit to the right; not needed for a marathon or half marathon"}};
@@ -226,17 +234,15 @@ namespace
 
     void wireMenus(VantstartForm& form)
     {
-        for (MenuItem* item : {&form.datafiles, &form.tread, &form.power, &form.quickcalcsshow, &form.unevpa,
-                               &form.cpa, &form.hhe, &form.ppinfo, &form.proghelp, &form.refs, &form.about})
+        for (MenuItem* item : {&form.datafiles, &form.tread, &form.power, &form.quickcalcsshow, &form.unevpa, &form.cpa,
+                               &form.hhe, &form.ppinfo, &form.proghelp, &form.refs, &form.about})
             item->clicked = [&form, item] { form.outside.openForm(item->opens); };
         form.exit.clicked = [&form] { form.outside.closeForm(form.form.name); };
-        form.hillpaces.clicked = [&form]
-        {
+        form.hillpaces.clicked = [&form] {
             form.state.flags.eqpaceMode = 2;
             form.outside.openForm(form.hillpaces.opens);
         };
-        form.performance.clicked = [&form]
-        {
+        form.performance.clicked = [&form] {
             form.state.flags.performanceStart = 1;
             form.outside.openForm(form.performance.opens);
         };
@@ -253,10 +259,10 @@ namespace
     /// Every control once, in reading order.
     std::vector<ControlRef> controlsOf(VantstartForm& f)
     {
-        std::vector<ControlRef> list{&f.txtname, &f.txtage,   &f.optmale, &f.optfemale, &f.HScroll1, &f.txtmi,
-                                     &f.txtkm,   &f.HScroll2, &f.Text5,   &f.agecomp,   &f.wtscrl,   &f.txlb,
-                                     &f.txkg,    &f.htscrl,   &f.txin,    &f.txcm,      &f.emhrtx,   &f.actmhrtx,
-                                     &f.resthrtx, &f.raceHeading};
+        std::vector<ControlRef> list{&f.txtname, &f.txtage, &f.optmale,  &f.optfemale, &f.HScroll1,
+                                     &f.txtmi,   &f.txtkm,  &f.HScroll2, &f.Text5,     &f.agecomp,
+                                     &f.wtscrl,  &f.txlb,   &f.txkg,     &f.htscrl,    &f.txin,
+                                     &f.txcm,    &f.emhrtx, &f.actmhrtx, &f.resthrtx,  &f.raceHeading};
         for (RaceControls& race : f.races)
         {
             const std::vector<ControlRef> row{&race.Check1,  &race.Text1,   &race.Text2,   &race.Text3,
@@ -265,12 +271,12 @@ namespace
             list.insert(list.end(), row.begin(), row.end());
         }
         const std::vector<ControlRef> rest{
-            &f.Option7,   &f.Option8,   &f.Option9,  &f.Option10,  &f.Command1, &f.Command7, &f.Command2,
-            &f.Command3,  &f.Command4,  &f.Command5, &f.Command8,  &f.Command6, &f.Picture1, &f.fileMenu,
-            &f.datafiles, &f.exit,      &f.tables,   &f.hillpaces, &f.tread,    &f.power,    &f.quickcalcsshow,
-            &f.performance, &f.unevpa,  &f.cpa,      &f.hhe,       &f.graphs,   &f.scale,    &f.logg,
-            &f.lin1,      &f.lin2,      &f.lin3,     &f.units,     &f.metric,   &f.english,  &f.printMenu,
-            &f.ppinfo,    &f.pfull,     &f.tfile,    &f.helpMenu,  &f.proghelp, &f.refs,     &f.about};
+            &f.Option7,     &f.Option8,  &f.Option9,  &f.Option10,  &f.Command1, &f.Command7, &f.Command2,
+            &f.Command3,    &f.Command4, &f.Command5, &f.Command8,  &f.Command6, &f.Picture1, &f.fileMenu,
+            &f.datafiles,   &f.exit,     &f.tables,   &f.hillpaces, &f.tread,    &f.power,    &f.quickcalcsshow,
+            &f.performance, &f.unevpa,   &f.cpa,      &f.hhe,       &f.graphs,   &f.scale,    &f.logg,
+            &f.lin1,        &f.lin2,     &f.lin3,     &f.units,     &f.metric,   &f.english,  &f.printMenu,
+            &f.ppinfo,      &f.pfull,    &f.tfile,    &f.helpMenu,  &f.proghelp, &f.refs,     &f.about};
         list.insert(list.end(), rest.begin(), rest.end());
         return list;
     }

@@ -38,32 +38,38 @@ struct VantstartForm
     OptionButton optfemale{{.name = "optfemale", .caption = "Female", .tip = "Women's record curve and age table"}};
     OptionGroup sexes{{&optmale, &optfemale}};
 
-    ScrollBar HScroll1{{.name = "HScroll1",
-                        .caption = "Weekly training volume:",
-                        .tip = "Miles run in a usual week, 0 to 150"},
-                       20, 0, 150, 1, 10};
+    ScrollBar HScroll1{
+        {.name = "HScroll1", .caption = "Weekly training volume:", .tip = "Miles run in a usual week, 0 to 150"},
+        20,
+        0,
+        150,
+        1,
+        10};
     TextBox txtmi{{.name = "txtmi", .caption = "miles =", .tip = "Weekly training volume in miles"}, "20"};
     TextBox txtkm{{.name = "txtkm", .caption = "kilometers", .tip = "The same in kilometers"}, "32"};
     ScrollBar HScroll2{{.name = "HScroll2",
                         .caption = "Comparison level:",
                         .tip = "Performance level of the Record column, 0.1 to 110 % (100 % is the record)"},
-                       fullComparisonLevel, 0, 1100, 1, 10};
+                       fullComparisonLevel,
+                       0,
+                       1100,
+                       1,
+                       10};
     TextBox Text5{{.name = "Text5", .caption = "%", .tip = "Comparison level in percent"}, "100"};
     CheckBox agecomp{{.name = "agecomp",
                       .caption = "Use age-based comparisons",
                       .tip = "Compare with records of the runner's age instead of open records"}};
 
-    ScrollBar wtscrl{{.name = "wtscrl", .caption = "Weight:", .tip = "Weight in pounds, 30 to 300"}, 160, 30, 300, 1, 10};
+    ScrollBar wtscrl{
+        {.name = "wtscrl", .caption = "Weight:", .tip = "Weight in pounds, 30 to 300"}, 160, 30, 300, 1, 10};
     TextBox txlb{{.name = "txlb", .caption = "lb =", .tip = "Weight in pounds"}, "160"};
     TextBox txkg{{.name = "txkg", .caption = "kg", .tip = "Weight in kilograms"}, "72.7"};
     ScrollBar htscrl{{.name = "htscrl", .caption = "Height:", .tip = "Height in inches, 36 to 90"}, 70, 36, 90, 1, 10};
     TextBox txin{{.name = "txin", .caption = "in =", .tip = "Height in inches"}, "70"};
     TextBox txcm{{.name = "txcm", .caption = "cm", .tip = "Height in centimeters"}, "178"};
 
-    TextBox actmhrtx{{.name = "actmhrtx",
-                      .caption = "Actual Max HR:",
-                      .tip = "Highest heart rate measured, beats a minute"},
-                     "182"};
+    TextBox actmhrtx{
+        {.name = "actmhrtx", .caption = "Actual Max HR:", .tip = "Highest heart rate measured, beats a minute"}, "182"};
     TextBox resthrtx{{.name = "resthrtx", .caption = "Resting HR:", .tip = "Heart rate at rest, beats a minute"}};
     TextBox emhrtx{{.name = "emhrtx",
                     .caption = "Estimated max HR (beats/min):",
@@ -77,34 +83,33 @@ struct VantstartForm
     OptionButton Option7{{.name = "Option7",
                           .caption = "Fit best two",
                           .tip = "Curve through the first two races that no other race beats"}};
-    OptionButton Option8{{.name = "Option8",
-                          .caption = "Use all data",
-                          .tip = "Curve from all races and the training volume"}};
+    OptionButton Option8{
+        {.name = "Option8", .caption = "Use all data", .tip = "Curve from all races and the training volume"}};
     OptionGroup fitModes{{&Option7, &Option8}};
     OptionButton Option9{{.name = "Option9", .caption = "Metric output", .tip = "Table from 400 m to 10000 m"}};
-    OptionButton Option10{{.name = "Option10",
-                           .caption = "English output",
-                           .tip = "Table from 440 yards to the marathon"}};
+    OptionButton Option10{
+        {.name = "Option10", .caption = "English output", .tip = "Table from 440 yards to the marathon"}};
     OptionGroup outputs{{&Option9, &Option10}};
     TextSurface Picture1{{.name = "Picture1", .tip = "Predicted times, paces and levels"}};
 
     Button Command1{{.name = "Command1", .caption = "Re-Calculate", .tip = "Predict times from the checked races"}};
-    Button Command2{{.name = "Command2", .caption = "Graph", .tip = "Pace against distance", .enabled = false},
-                    {},
-                    "graphform"};
+    Button Command2{
+        {.name = "Command2", .caption = "Graph", .tip = "Pace against distance", .enabled = false}, {}, "graphform"};
     Button Command3{{.name = "Command3",
                      .caption = "Analysis/  Workouts",
                      .tip = "Training paces, heart rates and the workout planner",
                      .enabled = false},
                     {},
                     "anaform"};
-    Button Command4{{.name = "Command4", .caption = "Special", .tip = "Hills, wind and uneven pacing", .enabled = false},
-                    {},
-                    "specinfo"};
+    Button Command4{
+        {.name = "Command4", .caption = "Special", .tip = "Hills, wind and uneven pacing", .enabled = false},
+        {},
+        "specinfo"};
     Button Command5{{.name = "Command5", .caption = "Help", .tip = "What each entry means"}, {}, "helpform"};
     Button Command6{{.name = "Command6", .caption = "Close", .tip = "Save the entries and end the program"}};
     Button Command7{{.name = "Command7", .caption = "Clear", .tip = "Empty the race rows and the table"}};
-    Button Command8{{.name = "Command8", .caption = "Explanation", .tip = "What a performance level is"}, {}, "helpform"};
+    Button Command8{
+        {.name = "Command8", .caption = "Explanation", .tip = "What a performance level is"}, {}, "helpform"};
 
     MenuItem fileMenu{{.name = "file", .caption = "File"}};
     MenuItem datafiles{{.name = "datafiles", .caption = "Data File Access"}, "file", false, {}, "fileacc"};
@@ -113,16 +118,22 @@ struct VantstartForm
     MenuItem hillpaces{{.name = "hillpaces", .caption = "Hill Paces"}, "tables", false, {}, "eqpace"};
     MenuItem tread{{.name = "tread", .caption = "Treadmill Equivalents"}, "tables", false, {}, "tmill"};
     MenuItem power{{.name = "power", .caption = "Power and Energy"}, "tables", false, {}, "powen"};
-    MenuItem quickcalcsshow{{.name = "quickcalcsshow", .caption = "Quick Calculations for Above Items"},
-                            "tables", false, {}, "quickcalcs"};
-    MenuItem performance{{.name = "performance", .caption = "Performance Tables and Age Effects"},
-                         "tables", false, {}, "pertabspec"};
-    MenuItem unevpa{{.name = "unevpa", .caption = "Uneven Splits Analysis", .enabled = false},
-                    "tables", false, {}, "splitform"};
+    MenuItem quickcalcsshow{
+        {.name = "quickcalcsshow", .caption = "Quick Calculations for Above Items"}, "tables", false, {}, "quickcalcs"};
+    MenuItem performance{
+        {.name = "performance", .caption = "Performance Tables and Age Effects"}, "tables", false, {}, "pertabspec"};
+    MenuItem unevpa{
+        {.name = "unevpa", .caption = "Uneven Splits Analysis", .enabled = false}, "tables", false, {}, "splitform"};
     MenuItem cpa{{.name = "cpa", .caption = "Course Elevation Profile Analysis", .enabled = false},
-                 "tables", false, {}, "profile"};
+                 "tables",
+                 false,
+                 {},
+                 "profile"};
     MenuItem hhe{{.name = "hhe", .caption = "Temperature and Humidity Effects", .enabled = false},
-                 "tables", false, {}, "heathum"};
+                 "tables",
+                 false,
+                 {},
+                 "heathum"};
     MenuItem graphs{{.name = "graphs", .caption = "Graph options"}};
     MenuItem scale{{.name = "scale", .caption = "Scale"}, "graphs"};
     MenuItem logg{{.name = "logg", .caption = "100 m - 100 km Log"}, "scale", true};
@@ -135,8 +146,8 @@ struct VantstartForm
     MenuItem printMenu{{.name = "print", .caption = "Print"}};
     MenuItem ppinfo{{.name = "ppinfo", .caption = "Information on printing"}, "print", false, {}, "helpform"};
     MenuItem pfull{{.name = "pfull", .caption = "Full report", .enabled = false}, "print", false, {}, "fullreport"};
-    MenuItem tfile{{.name = "tfile", .caption = "Text file of full report", .enabled = false},
-                   "print", false, {}, "fullreport"};
+    MenuItem tfile{
+        {.name = "tfile", .caption = "Text file of full report", .enabled = false}, "print", false, {}, "fullreport"};
     MenuItem helpMenu{{.name = "help", .caption = "Help"}};
     MenuItem proghelp{{.name = "proghelp", .caption = "Help"}, "help", false, {}, "vanthelp"};
     MenuItem refs{{.name = "refs", .caption = "References"}, "help", false, {}, "refform"};

@@ -37,11 +37,9 @@ Program::Program(Dialogs dialogs, Printer printer, std::filesystem::path setting
 
 void start(Program& program)
 {
-    enter(program, mainForm, false,
-          [&]
-          {
-              load(*program.vantstart, program.stored, readFile(program.folder / settingsFileName, settingsFileLimit));
-          });
+    enter(program, mainForm, false, [&] {
+        load(*program.vantstart, program.stored, readFile(program.folder / settingsFileName, settingsFileLimit));
+    });
 }
 
 void stop(Program& program)

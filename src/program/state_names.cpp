@@ -13,8 +13,7 @@ namespace
     StateName number(std::string_view name, Record ModelState::*record, double Record::*member)
     {
         return {name, [=](const ModelState& state) -> StateValue { return state.*record.*member; },
-                [=](ModelState& state, std::string_view text)
-                {
+                [=](ModelState& state, std::string_view text) {
                     if (!isNumeric(text))
                         return false;
                     state.*record.*member = val(text);
@@ -26,8 +25,7 @@ namespace
     StateName whole(std::string_view name, Record ModelState::*record, int Record::*member)
     {
         return {name, [=](const ModelState& state) -> StateValue { return state.*record.*member; },
-                [=](ModelState& state, std::string_view text)
-                {
+                [=](ModelState& state, std::string_view text) {
                     if (!isNumeric(text))
                         return false;
                     const double value = val(text);
@@ -42,8 +40,7 @@ namespace
     StateName letter(std::string_view name, Record ModelState::*record, char Record::*member, std::string_view letters)
     {
         return {name, [=](const ModelState& state) -> StateValue { return std::string(1, state.*record.*member); },
-                [=](ModelState& state, std::string_view text)
-                {
+                [=](ModelState& state, std::string_view text) {
                     if (text.size() != 1 || letters.find(text) == std::string_view::npos)
                         return false;
                     state.*record.*member = text.front();
@@ -54,8 +51,7 @@ namespace
     StateName text(std::string_view name, std::string Runner::*member)
     {
         return {name, [=](const ModelState& state) -> StateValue { return state.runner.*member; },
-                [=](ModelState& state, std::string_view value)
-                {
+                [=](ModelState& state, std::string_view value) {
                     state.runner.*member = value;
                     return true;
                 }};
@@ -71,8 +67,7 @@ namespace
     StateName races(std::string_view name, OneBased<double, maxRaces> Races::*member, int Races::*count)
     {
         return {name,
-                [=](const ModelState& state) -> StateValue
-                { return firstOf(state.races.*member, state.races.*count); },
+                [=](const ModelState& state) -> StateValue { return firstOf(state.races.*member, state.races.*count); },
                 {}};
     }
 
@@ -100,8 +95,9 @@ namespace
                 races("entryDist", &Races::entryDist, &Races::raceCount),
                 races("fitTime", &Races::fitTime, &Races::raceCount),
                 {"unitFactor",
-                 [](const ModelState& state) -> StateValue
-                 { return std::vector<double>(state.races.unitFactor.begin(), state.races.unitFactor.end()); },
+                 [](const ModelState& state) -> StateValue {
+                     return std::vector<double>(state.races.unitFactor.begin(), state.races.unitFactor.end());
+                 },
                  {}}};
     }
 
@@ -150,8 +146,7 @@ namespace
 
     std::vector<StateName> tableNames()
     {
-        const auto times = [](const ModelState& state) -> StateValue
-        {
+        const auto times = [](const ModelState& state) -> StateValue {
             std::vector<std::vector<double>> columns;
             for (const auto& column : state.table.tableTimes)
                 columns.push_back(firstOf(column, tableDistances));
@@ -169,8 +164,7 @@ namespace
 
 const std::vector<StateName>& stateNames()
 {
-    static const std::vector<StateName> names = []
-    {
+    static const std::vector<StateName> names = [] {
         std::vector<StateName> all;
         for (const std::vector<StateName>& some :
              {runnerNames(), raceNames(), curveNames(), resultNames(), flagNames(), tableNames()})
