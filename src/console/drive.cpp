@@ -22,6 +22,8 @@ namespace
 {
     using Json = nlohmann::ordered_json;
 
+    constexpr int wrongScript = 2;   // exit status
+
     /// What one script works on.
     struct Session
     {
@@ -242,14 +244,17 @@ namespace
     {
         if (session.started && session.program->vantstart)
             throw ScriptMistake("the program has been started already");
-        const std::string folder = line.rest();
+        std::string folder = line.rest();
+        if (folder.size() > 1 && folder.front() == '"' && folder.back() == '"')
+            folder = folder.substr(1, folder.size() - 2);
         build(session, folder.empty() ? "." : folder);
         session.started = true;
         start(*session.program);
     }
 
-    void doStop(Session& session, ScriptLine&)
+    void doStop(Session& session, ScriptLine& line)
     {
+        line.end();
         openFormNamed(session, "vantstart");
         act(session, "vantstart", [&] { closeForm(*session.program, "vantstart"); });
     }
@@ -257,6 +262,7 @@ namespace
     void doOpen(Session& session, ScriptLine& line)
     {
         const std::string name = line.word("a form");
+        line.end();
         if (!hasForm(name))
             throw ScriptMistake("there is no form \"" + name + "\"");
         openFormNamed(session, "vantstart");
@@ -266,6 +272,7 @@ namespace
     void doClose(Session& session, ScriptLine& line)
     {
         const std::string name = openFormNamed(session, line.word("a form")).name;
+        line.end();
         act(session, name, [&] { closeForm(*session.program, name); });
     }
 
@@ -280,6 +287,7 @@ namespace
     {
         const Target target = usableTarget(session, line.word("a scroll bar"));
         const long long value = wholeOf(line.word("a value"));
+        line.end();
         ScrollBar* const* bar = std::get_if<ScrollBar*>(&target.control);
         if (!bar)
             throw ScriptMistake(target.name + " is no scroll bar");
@@ -290,6 +298,8 @@ namespace
     {
         const Target target = usableTarget(session, line.word("a control"));
         const std::string item = line.rest();
+        if (!std::holds_alternative<ListBox*>(target.control))
+            line.end();
         std::visit(Click{session, target, item}, target.control);
     }
 
@@ -298,6 +308,7 @@ namespace
         const Target target = usableTarget(session, line.word("a picture"));
         const double x = numberOf(line.word("a place across"));
         const double y = numberOf(line.word("a place down"));
+        line.end();
         Picture* const* picture = std::get_if<Picture*>(&target.control);
         if (!picture)
             throw ScriptMistake(target.name + " is no picture");
@@ -319,6 +330,7 @@ namespace
     void doAnswer(Session& session, ScriptLine& line)
     {
         const std::string answer = line.word("yes or no");
+        line.end();
         if (answer != "yes" && answer != "no")
             throw ScriptMistake("an answer is yes or no");
         session.answers.push_back(answer == "yes");
@@ -351,16 +363,30 @@ namespace
     void doGet(Session& session, ScriptLine& line)
     {
         const std::string word = line.word("a name");
+        line.end();
         say(session, {{"get", word}, {"value", valueNamed(session, word)}});
     }
 
     void doDump(Session& session, ScriptLine& line)
     {
         const Form& form = openFormNamed(session, line.word("a form"));
+        line.end();
         Json controls = Json::array();
         for (const ControlRef& control : form.controls)
             controls.push_back(describe(control));
         say(session, {{"dump", form.name}, {"title", form.title}, {"controls", controls}});
+    }
+
+    bool isLet(const StateName& entry, ModelState& state, const std::string& text)
+    {
+        try
+        {
+            return entry.let(state, text);
+        }
+        catch (const ArithmeticFault&)
+        {
+            return false;   // a number too large to be held
+        }
     }
 
     void doLet(Session& session, ScriptLine& line)
@@ -372,9 +398,7 @@ namespace
         if (!entry.let)
             throw ScriptMistake(word + " can only be read");
         const std::string text = line.rest();
-        bool taken = false;
-        act(session, word, [&] { taken = entry.let(session.program->state, text); });
-        if (!taken)
+        if (!isLet(entry, session.program->state, text))
             throw ScriptMistake(word + " can't be \"" + text + "\"");
     }
 
@@ -441,14 +465,19 @@ int drive(std::istream& script, std::ostream& out, double limitSeconds)
         catch (const ScriptMistake& mistake)
         {
             say(session, {{"error", "line " + std::to_string(number) + ": " + mistake.what()}});
-            return 2;
+            return wrongScript;
         }
         catch (const CallMistake& mistake)
         {
             say(session, {{"error", "line " + std::to_string(number) + ": " + mistake.what()}});
-            return 2;
+            return wrongScript;
         }
         out.flush();
+    }
+    if (script.bad())
+    {
+        say(session, {{"error", "the script can't be read any further"}});
+        return wrongScript;
     }
     return 0;
 }

@@ -1,5 +1,6 @@
 #include "console/drive_command.h"
 
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <memory>
@@ -22,7 +23,7 @@ namespace
         if (options.file.empty() || options.file == "-")
             return drive(std::cin, std::cout, options.limit);
         std::ifstream script(options.file);
-        if (!script)
+        if (!script || std::filesystem::is_directory(options.file))
         {
             std::cerr << "The script " << options.file << " can't be read.\n";
             return 2;

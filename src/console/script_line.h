@@ -27,6 +27,9 @@ public:
     /// All words that are left.
     [[nodiscard]] std::vector<std::string> words();
 
+    /// Makes sure that nothing is left.  Throws ScriptMistake.
+    void end() const;
+
     /// What is left of the line behind one blank, as it was typed.
     [[nodiscard]] std::string rest() const;
 

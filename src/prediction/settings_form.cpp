@@ -27,7 +27,7 @@ namespace
         if (const bool* choice = std::get_if<bool>(&field))
             return *choice ? "True" : "False";
         if (const double* number = std::get_if<double>(&field))
-            return exactText(*number);
+            return plainText(*number);
         const std::string* text = std::get_if<std::string>(&field);
         return text ? *text : "";
     }
@@ -46,7 +46,7 @@ namespace
 
     void assign(CheckBox& box, const FieldValue& field)
     {
-        const double number = isEmpty(field) ? 0 : numberOf(field).value_or(-1);
+        const double number = isEmpty(field) ? 0 : roundHalfEven(numberOf(field).value_or(-1));
         if (number == 0 || number == 1)
             setTicked(box, number == 1);
     }

@@ -71,7 +71,8 @@ void enter(Program& program, const std::string& where, bool keystroke, EventActi
     }
     catch (const ArithmeticFault& fault)
     {
+        const FaultReport report{faultText(fault, program.state.activity), where, keystroke};
         endEvent(program);
-        program.outside.dialogs.fault({faultText(fault, program.state.activity), where, keystroke});
+        program.outside.dialogs.fault(report);
     }
 }
