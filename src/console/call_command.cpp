@@ -81,7 +81,7 @@ void addCall(CLI::App& app, int& status)
     command->add_option("--runner", options->runner, "Runner file whose fitted curve the function reads")
         ->type_name("FILE");
     command->add_option("--limit", options->limitSeconds, "Seconds that the fit of the curve may take")
-        ->check(CLI::PositiveNumber)
+        ->check(CLI::Range(0.001, 1e6))
         ->capture_default_str();
     command->footer(functionList());
     command->callback([options, &status] { status = callByName(*options, std::cout, std::cerr); });

@@ -38,7 +38,7 @@ void addDrive(CLI::App& app, int& status)
     CLI::App* command = app.add_subcommand("drive", "Run a script of form operations, one a line");
     command->add_option("FILE", options->file, "The script; standard input if there is none, or for -");
     command->add_option("--limit", options->limit, "Seconds that one operation may take in a search without an end")
-        ->check(CLI::PositiveNumber)
+        ->check(CLI::Range(0.001, 1e6))
         ->capture_default_str();
     command->callback([options, &status] { status = runDrive(*options); });
 }
