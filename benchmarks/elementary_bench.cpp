@@ -11,6 +11,9 @@ namespace
     /// Arguments as the model has them: ratios of distances around 1 with exponents of either sign.
     constexpr std::size_t argumentCount = 1024;
 
+    /// Too small to change an argument, yet each call waits for the one before it, as the model's steps do.
+    constexpr double waiting = 1e-300;
+
     template <class Function>
     void timeFunction(benchmark::State& state, Function function)
     {
@@ -19,10 +22,10 @@ namespace
             arguments[i] = 0.2 + 0.003 * static_cast<double>(i);
         for (auto _ : state)
         {
-            double sum = 0;
+            double result = 0;
             for (const double argument : arguments)
-                sum += function(argument);
-            benchmark::DoNotOptimize(sum);
+                result = function(argument + result * waiting);
+            benchmark::DoNotOptimize(result);
         }
         state.SetItemsProcessed(static_cast<std::int64_t>(argumentCount) * state.iterations());
     }

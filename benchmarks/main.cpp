@@ -82,10 +82,10 @@ namespace
         return milliseconds;
     }
 
-    std::string numberText(const char* format, double value)
+    std::string numberText(double value, int decimals)
     {
         char text[40];
-        std::snprintf(text, sizeof text, format, value);
+        std::snprintf(text, sizeof text, "%.*f", decimals, value);
         return text;
     }
 
@@ -104,9 +104,9 @@ namespace
             const auto target = targets().find(row.name);
             const auto least = floor.find(row.name);
             std::printf("%-44s %12.4f %12s %12s %8s", row.name.c_str(), row.milliseconds,
-                        target == targets().end() ? "" : numberText("%.1f", target->second).c_str(),
-                        least == floor.end() ? "" : numberText("%.4f", least->second).c_str(),
-                        least == floor.end() ? "" : numberText("%.2f", row.milliseconds / least->second).c_str());
+                        target == targets().end() ? "" : numberText(target->second, 1).c_str(),
+                        least == floor.end() ? "" : numberText(least->second, 4).c_str(),
+                        least == floor.end() ? "" : numberText(row.milliseconds / least->second, 2).c_str());
             std::printf("%s%s\n", row.note.empty() ? "" : "  ", row.note.c_str());
         }
         std::printf("\nOne call, ns:");

@@ -102,12 +102,20 @@ namespace
         return decimal;
     }
 
+    std::string wholeText(double magnitude)
+    {
+        std::array<char, 20> buffer{};
+        const auto end =
+            std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<long long>(magnitude)).ptr;
+        return {buffer.data(), end};
+    }
+
     /// The digits of a number without its sign and without a zero before the point: "3", ".75", "1.5E-20".
     std::string unsignedText(double magnitude)
     {
         constexpr int largestPlaces = 15;   // more, on either side of the point, take an exponent
-        if (magnitude == 0)
-            return "0";
+        if (magnitude < 1e15 && magnitude == std::floor(magnitude))
+            return wholeText(magnitude);
         const auto [digits, exponent] = decimalOf(magnitude);
         const int count = static_cast<int>(digits.size());
         if (exponent >= largestPlaces || count - 1 - exponent > largestPlaces)

@@ -92,9 +92,8 @@ void printPredictedTable(ModelState& state, const CalculationInput& input, Calcu
     const auto& distances = input.output == OutputMode::english ? englishDistances : metricDistances;
     for (const TableDistance& at : distances)
     {
-        const PredictedRow row = predictRow(state, at, input.comparisonLevel);
-        results.rows.push_back(row);
-        printLine(results.picture, predictedLine(row));
+        results.rows.push_back(predictRow(state, at, input.comparisonLevel));
+        printLine(results.picture, predictedLine(results.rows.back()));
     }
 }
 
