@@ -45,8 +45,8 @@ namespace
     /// A program that was left with a race entered, ready to start again from its settings.
     void timeStart(benchmark::State& timing)
     {
-        char name[] = "/tmp/vantelos-bench.XXXXXX";
-        const std::filesystem::path folder = mkdtemp(name);
+        std::string name = std::filesystem::temp_directory_path() / "vantelos-bench.XXXXXX";
+        const std::filesystem::path folder = mkdtemp(name.data());
         Dialogs dialogs;
         dialogs.message = [](const Message&) {};
         dialogs.ask = [](const Message&) { return false; };

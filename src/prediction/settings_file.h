@@ -11,7 +11,7 @@
 // The settings file: one field a line, in a fixed order; a text in double quotes, #TRUE# or #FALSE#, a plain number.
 
 inline constexpr const char* settingsFileName = "vantini.txt";
-inline constexpr std::size_t settingsFileLimit = 1 << 24;   // bytes; what lies behind is not read
+inline constexpr std::size_t settingsFileLimit = 1 << 23;   // bytes; what lies behind is not read
 inline constexpr int settingsFieldCount = 173;
 
 /// What one field holds: nothing, a Boolean, a number or a text.

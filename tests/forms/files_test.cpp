@@ -1,0 +1,161 @@
+#include "forms/files.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <sys/stat.h>
+
+#include "support/file_size_limit.h"
+#include "support/scratch_folder.h"
+
+namespace
+{
+    namespace fs = std::filesystem;
+
+    constexpr std::size_t plenty = 1000;
+
+    TEST(ReadFile, ReadsEveryByte)
+    {
+        const ScratchFolder folder;
+        const std::string bytes("line\r\n\0\xff\x1a end", 13);
+        writeBytes(folder.path / "file", bytes);
+        EXPECT_EQ(readFile(folder.path / "file", plenty), bytes);
+        EXPECT_EQ(readFile(folder.path / "file", bytes.size()), bytes);
+    }
+
+    TEST(ReadFile, StopsAtItsLimit)
+    {
+        const ScratchFolder folder;
+        writeBytes(folder.path / "file", "0123456789");
+        EXPECT_EQ(readFile(folder.path / "file", 4), "0123");
+        EXPECT_EQ(readFile(folder.path / "file", 0), "");
+    }
+
+    TEST(ReadFile, KnowsAnEmptyFileFromNone)
+    {
+        const ScratchFolder folder;
+        writeBytes(folder.path / "empty", "");
+        EXPECT_EQ(readFile(folder.path / "empty", plenty), "");
+        EXPECT_EQ(readFile(folder.path / "none", plenty), std::nullopt);
+    }
+
+    TEST(ReadFile, ReadsNothingButFiles)
+    {
+        const ScratchFolder folder;
+        ASSERT_EQ(mkfifo((folder.path / "pipe").c_str(), 0600), 0);
+        EXPECT_EQ(readFile(folder.path, plenty), std::nullopt);
+        EXPECT_EQ(readFile(folder.path / "pipe", plenty), std::nullopt);
+        EXPECT_EQ(readFile("/dev/zero", plenty), std::nullopt);
+        EXPECT_EQ(readFile("", plenty), std::nullopt);
+    }
+
+    constexpr fs::perms ownersAndGroups =
+        fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;   // 0640
+
+    TEST(ReplaceFile, MakesAFileAsAnyNewOneIs)
+    {
+        const ScratchFolder folder;
+        const mode_t old = umask(0027);
+        EXPECT_EQ(replaceFile(folder.path / "file", "new"), std::nullopt);
+        umask(old);
+        EXPECT_EQ(readBytes(folder.path / "file"), "new");
+        EXPECT_EQ(folder.entryCount(), 1U);
+        EXPECT_EQ(fs::status(folder.path / "file").permissions(), ownersAndGroups);
+    }
+
+    TEST(ReplaceFile, KeepsWhoMayUseTheOldFile)
+    {
+        const ScratchFolder folder;
+        writeBytes(folder.path / "file", "old");
+        fs::permissions(folder.path / "file", ownersAndGroups);
+        EXPECT_EQ(replaceFile(folder.path / "file", "new"), std::nullopt);
+        EXPECT_EQ(fs::status(folder.path / "file").permissions(), ownersAndGroups);
+    }
+
+    TEST(ReplaceFile, FollowsALink)
+    {
+        const ScratchFolder folder;
+        writeBytes(folder.path / "file", "old");
+        fs::create_symlink("file", folder.path / "link");
+        EXPECT_EQ(replaceFile(folder.path / "link", "new"), std::nullopt);
+        EXPECT_TRUE(fs::is_symlink(folder.path / "link"));
+        EXPECT_EQ(readBytes(folder.path / "file"), "new");
+        EXPECT_EQ(folder.entryCount(), 2U);
+    }
+
+    TEST(ReplaceFile, TakesAPathWithoutAFolder)
+    {
+        const ScratchFolder folder;
+        const fs::path before = fs::current_path();
+        fs::current_path(folder.path);
+        EXPECT_EQ(replaceFile("file", "new"), std::nullopt);
+        fs::current_path(before);
+        EXPECT_EQ(readBytes(folder.path / "file"), "new");
+    }
+
+    TEST(ReplaceFile, LeavesNothingOfALongerOldFile)
+    {
+        const ScratchFolder folder;
+        writeBytes(folder.path / "file", "a much longer old file");
+        EXPECT_EQ(replaceFile(folder.path / "file", "new"), std::nullopt);
+        EXPECT_EQ(readBytes(folder.path / "file"), "new");
+        EXPECT_EQ(folder.entryCount(), 1U);
+    }
+
+    TEST(ReplaceFile, WritesAnEmptyFile)
+    {
+        const ScratchFolder folder;
+        EXPECT_EQ(replaceFile(folder.path / "file", ""), std::nullopt);
+        EXPECT_EQ(readBytes(folder.path / "file"), "");
+    }
+
+    struct NoPlace
+    {
+        const char* name;
+        const char* path;   // below a folder that holds the file `file` and the folder `folder`
+        const char* why;
+    };
+
+    class ReplaceFails : public testing::TestWithParam<NoPlace>
+    {};
+
+    TEST_P(ReplaceFails, AndSaysWhyAndLeavesNoTrace)
+    {
+        const ScratchFolder folder;
+        writeBytes(folder.path / "file", "old");
+        fs::create_directory(folder.path / "folder");
+        EXPECT_EQ(replaceFile(folder.path / GetParam().path, "new"), GetParam().why);
+        EXPECT_EQ(readBytes(folder.path / "file"), "old");
+        EXPECT_TRUE(fs::is_empty(folder.path / "folder"));
+        EXPECT_EQ(folder.entryCount(), 2U);
+    }
+
+    INSTANTIATE_TEST_SUITE_P(ByHand, ReplaceFails,
+                             testing::Values(NoPlace{"missing_folder", "none/file", "No such file or directory"},
+                                             NoPlace{"folder_that_is_a_file", "file/file", "Not a directory"},
+                                             NoPlace{"target_that_is_a_folder", "folder", "Is a directory"}),
+                             [](const auto& row) { return row.param.name; });
+
+    TEST(ReplaceFile, ThatRunsOutOfSpaceLeavesTheOldFile)
+    {
+        const ScratchFolder folder;
+        writeBytes(folder.path / "file", "old");
+        std::optional<std::string> failure;
+        {
+            const FileSizeLimit limit(10);
+            failure = replaceFile(folder.path / "file", std::string(plenty, 'x'));
+        }
+        EXPECT_EQ(failure, "File too large");
+        EXPECT_EQ(readBytes(folder.path / "file"), "old");
+        EXPECT_EQ(folder.entryCount(), 1U);
+    }
+
+    RC_GTEST_PROP(ReplaceFile, IsReadBackByteForByte, (const std::string& bytes))
+    {
+        static const ScratchFolder folder;
+        RC_ASSERT(!replaceFile(folder.path / "file", bytes));
+        RC_ASSERT(readFile(folder.path / "file", bytes.size() + 1) == bytes);
+    }
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "forms/outside.h"
+
+/// What a form or the program has asked of the outside, in order. Questions take the answers that were laid ready;
+/// one without an answer gets No.
+struct RecordedOutside
+{
+    std::deque<bool> answers;
+
+    std::vector<std::string> events;   // "message: No rows checked!", "question: ...", "fault: ...", "beep"
+    Messages messages;
+    Messages questions;
+    std::vector<FaultReport> faults;
+
+    [[nodiscard]] Dialogs dialogs()
+    {
+        Dialogs dialogs;
+        dialogs.message = [this](const Message& message) {
+            events.push_back("message: " + message.text);
+            messages.push_back(message);
+        };
+        dialogs.ask = [this](const Message& question) {
+            events.push_back("question: " + question.text);
+            questions.push_back(question);
+            if (answers.empty())
+                return false;
+            const bool yes = answers.front();
+            answers.pop_front();
+            return yes;
+        };
+        dialogs.beep = [this] { events.emplace_back("beep"); };
+        dialogs.fault = [this](const FaultReport& fault) {
+            events.push_back("fault: " + fault.text);
+            faults.push_back(fault);
+        };
+        return dialogs;
+    }
+
+    [[nodiscard]] std::size_t countOf(const std::string& messageText) const
+    {
+        const auto isIt = [&](const Message& message) { return message.text == messageText; };
+        return static_cast<std::size_t>(std::count_if(messages.begin(), messages.end(), isIt));
+    }
+
+    void forget()
+    {
+        events.clear();
+        messages.clear();
+        questions.clear();
+        faults.clear();
+    }
+};
