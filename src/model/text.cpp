@@ -65,13 +65,15 @@ namespace
         const std::string_view mantissa = number.substr(0, exponentMark);
         const std::size_t firstDigit = mantissa.find_first_of("123456789");
         const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
-        const std::string_view exponent = number.substr(std::min(exponentMark + 1, number.size()));
-        if (!exponent.empty() && skipDigits(exponent, skipSign(exponent, 0)) > 8)
-            return exponent.front() != '-';
+        std::string_view exponent = number.substr(std::min(exponentMark + 1, number.size()));
+        const bool negative = !exponent.empty() && exponent.front() == '-';
+        exponent.remove_prefix(std::min(exponent.find_first_of("123456789"), exponent.size()));
+        constexpr std::size_t longestExponent = 12;   // far more digits than any text has
+        if (exponent.size() > longestExponent)
+            return !negative;
         double places = 0;
-        const std::size_t sign = !exponent.empty() && exponent.front() == '+' ? 1 : 0;
-        std::from_chars(exponent.data() + sign, exponent.data() + exponent.size(), places);
-        return static_cast<double>(point) - static_cast<double>(firstDigit) + places > 0;
+        std::from_chars(exponent.data(), exponent.data() + exponent.size(), places);
+        return static_cast<double>(point) - static_cast<double>(firstDigit) + (negative ? -places : places) > 0;
     }
 
     /// Decimal digits and exponent of a number: `digits` without trailing zeros, the point after the first one.
