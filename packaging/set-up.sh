@@ -47,6 +47,7 @@ build()
     local preset="$1" folder="$root/build/$1"
     shift
     cd -- "$root"
+    export CCACHE_BASEDIR="$root" CCACHE_NOHASHDIR=1   # so that another copy of the sources compiles what differs
     if [ -f "$folder/CMakeCache.txt" ] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$folder/CMakeCache.txt"; then
         rm -rf -- "$folder"
     fi
