@@ -6,9 +6,10 @@ set(VANTELOS_LOGIC_FOLDERS
     model prediction analysis power special workouts splits course weather tables datafiles help)
 set(VANTELOS_FORMS_FOLDERS forms program)
 set(VANTELOS_CONSOLE_FOLDERS console)
-set(VANTELOS_LAYERS logic forms console)
+set(VANTELOS_DESKTOP_FOLDERS desktop)
+set(VANTELOS_LAYERS logic forms console desktop)
 
-# Sets VANTELOS_<layer>_SOURCES, VANTELOS_<layer>_HEADERS and VANTELOS_console_MAIN.
+# Sets VANTELOS_<layer>_SOURCES, VANTELOS_<layer>_HEADERS and, where there is one, VANTELOS_<layer>_MAIN.
 function(vantelos_sort_files)
     file(GLOB_RECURSE files CONFIGURE_DEPENDS
         RELATIVE "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/src/*.cpp" "${PROJECT_SOURCE_DIR}/src/*.h")
@@ -27,13 +28,15 @@ function(vantelos_sort_files)
                 set(layer forms)
             elseif(folder IN_LIST VANTELOS_CONSOLE_FOLDERS)
                 set(layer console)
+            elseif(folder IN_LIST VANTELOS_DESKTOP_FOLDERS)
+                set(layer desktop)
             endif()
         endif()
         if(NOT layer)
             message(FATAL_ERROR "src/${file} belongs to no layer: see the folders in cmake/Layers.cmake.")
         endif()
-        if(file STREQUAL "console/main.cpp")
-            set(VANTELOS_console_MAIN "${PROJECT_SOURCE_DIR}/src/${file}" PARENT_SCOPE)
+        if(name STREQUAL "main")
+            set(VANTELOS_${layer}_MAIN "${PROJECT_SOURCE_DIR}/src/${file}" PARENT_SCOPE)
         elseif(ending STREQUAL "h")
             list(APPEND ${layer}_HEADERS "${file}")
         else()
@@ -79,6 +82,17 @@ function(vantelos_add_libraries suffix)
     vantelos_add_library(vantelos_forms${suffix} forms vantelos_logic${suffix})
     vantelos_add_library(vantelos_console${suffix} console
         vantelos_forms${suffix} CLI11::CLI11 nlohmann_json::nlohmann_json Threads::Threads)
+endfunction()
+
+# The windows: their forms are compiled from the .ui files beside the sources.
+function(vantelos_add_desktop)
+    vantelos_add_library(vantelos_desktop desktop vantelos_forms Qt6::Widgets Qt6::PrintSupport Qt6::Svg)
+    set_target_properties(vantelos_desktop PROPERTIES AUTOMOC ON)
+    file(GLOB forms CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/src/desktop/*.ui")
+    qt_wrap_ui(headers ${forms})
+    target_sources(vantelos_desktop PRIVATE ${headers})
+    target_include_directories(vantelos_desktop PRIVATE "${CMAKE_CURRENT_BINARY_DIR}")
+    target_compile_definitions(vantelos_desktop PUBLIC QT_NO_FOREACH)
 endfunction()
 
 vantelos_sort_files()

@@ -26,10 +26,17 @@ function(vantelos_tidy library)
     endforeach()
 endfunction()
 
-foreach(layer IN LISTS VANTELOS_LAYERS)
+foreach(layer logic forms console)
     vantelos_tidy(vantelos_${layer} ${VANTELOS_${layer}_SOURCES})
 endforeach()
 vantelos_tidy(vantelos-console ${VANTELOS_console_MAIN})
+if(VANTELOS_DESKTOP)
+    vantelos_tidy(vantelos_desktop ${VANTELOS_desktop_SOURCES})
+    vantelos_tidy(vantelos ${VANTELOS_desktop_MAIN})
+endif()
 
 get_property(passed GLOBAL PROPERTY VANTELOS_TIDY_PASSED)
 add_custom_target(tidy DEPENDS ${passed})
+if(VANTELOS_DESKTOP)
+    add_dependencies(tidy vantelos_desktop)   # whose forms are compiled to headers first
+endif()

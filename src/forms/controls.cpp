@@ -112,6 +112,11 @@ void drag(ScrollBar& bar, long long value)
         fire(bar.scrolled ? bar.scrolled : bar.changed);
 }
 
+void release(ScrollBar& bar)
+{
+    fire(bar.changed);
+}
+
 void select(ListBox& list, int index)
 {
     const int last = static_cast<int>(list.items.size()) - 1;

@@ -181,6 +181,9 @@ void setValue(ScrollBar& bar, long long value);
 /// A person's drag: the bar follows, and its scroll event fires instead of its change.
 void drag(ScrollBar& bar, long long value);
 
+/// A person lets a dragged bar go: its change event fires.
+void release(ScrollBar& bar);
+
 /// Selects an item, -1 for none, and fires the click. An index without an item is held to the list.
 void select(ListBox& list, int index);
 

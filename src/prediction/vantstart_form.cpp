@@ -177,7 +177,7 @@ namespace
 
     void nameRow(RaceControls& race, int i)
     {
-        race.Check1 = {{.name = arrayName("Check1", i), .caption = "Use?", .tip = "Use this race"}};
+        race.Check1 = {{.name = arrayName("Check1", i), .caption = std::to_string(i + 1), .tip = "Use this race"}};
         race.Text1 = {{.name = arrayName("Text1", i), .caption = "Hours", .tip = "Hours of the race time"}};
         race.Text2 = {{.name = arrayName("Text2", i), .caption = "Minutes", .tip = "Minutes of the race time"}};
         race.Text3 = {
@@ -185,13 +185,24 @@ namespace
         race.Text4 = {{.name = arrayName("Text4", i),
                        .caption = "Number",
                        .tip = "Distance in the unit to the right; not needed for a marathon or half marathon"}};
-        const std::pair<OptionButton*, const char*> unitOptions[] = {
-            {&race.Option1, "miles"},  {&race.Option2, "yards"},    {&race.Option3, "kilometers"},
-            {&race.Option4, "meters"}, {&race.Option5, "marathon"}, {&race.Option6, "half marathon"}};
-        int number = 1;
-        for (const auto& [option, caption] : unitOptions)
+        struct UnitOption
         {
-            *option = {{.name = arrayName("Option" + std::to_string(number), i), .caption = caption}};
+            OptionButton* option;
+            const char* caption;
+            const char* what;
+        };
+        const UnitOption unitOptions[] = {{&race.Option1, "miles", "that many miles"},
+                                          {&race.Option2, "yards", "that many yards"},
+                                          {&race.Option3, "kilometers", "that many kilometers"},
+                                          {&race.Option4, "meters", "that many meters"},
+                                          {&race.Option5, "marathon", "a marathon; the number is not read"},
+                                          {&race.Option6, "half marathon", "a half marathon; the number is not read"}};
+        int number = 1;
+        for (const auto& [option, caption, what] : unitOptions)
+        {
+            *option = {{.name = arrayName("Option" + std::to_string(number), i),
+                        .caption = caption,
+                        .tip = std::string("The race was run over ") + what}};
             option->group = &race.units;
             race.units.members.push_back(option);
             ++number;

@@ -76,8 +76,9 @@ struct VantstartForm
                     .tip = "Estimated from age and sex; use it if the actual value is not known"},
                    "185"};
 
-    Label raceHeading{{.name = "raceHeading",
-                       .caption = "    Use?        Hours     Minutes     Seconds      Number            Units"}};
+    Label raceHeading{{.name = "raceHeading",   // not shown: each column of the grid has its own word of it
+                       .caption = "    Use?        Hours     Minutes     Seconds      Number            Units",
+                       .visible = false}};
     std::array<RaceControls, static_cast<std::size_t>(maxRaces)> races;
 
     OptionButton Option7{{.name = "Option7",

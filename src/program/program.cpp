@@ -48,6 +48,8 @@ void stop(Program& program)
         return;
     saveSettings(program);
     showSaid(program.outside);
+    if (program.unloading)
+        program.unloading(program.vantstart->form);
     program.vantstart.reset();
 }
 
@@ -63,7 +65,9 @@ bool hasForm(std::string_view name)
 
 void openForm(Program& program, const std::string& name)
 {
-    if (!hasForm(name))
+    if (Form* const form = findForm(program, name); form && program.shown)
+        program.shown(*form);
+    else if (!hasForm(name))
         program.outside.said.push_back({"This version of Vantelos has no form \"" + name + "\"."});
 }
 

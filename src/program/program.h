@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -29,6 +30,10 @@ struct Program
     std::filesystem::path folder;
     std::unique_ptr<VantstartForm> vantstart;   // absent once the program has ended
     std::vector<std::string> closing;           // forms to be unloaded when the event under way has ended
+
+    std::function<void()> beginning = {};        // an event comes from outside
+    std::function<void(Form&)> shown = {};       // a form was opened, or is to come to the front
+    std::function<void(Form&)> unloading = {};   // a form is about to go
 };
 
 /// Loads the main form from the settings in the program's folder and calculates.
@@ -64,6 +69,8 @@ template <class EventAction>
 void enter(Program& program, const std::string& where, bool keystroke, EventAction event)
 {
     program.state.activity.clear();
+    if (program.beginning)
+        program.beginning();
     try
     {
         event();

@@ -112,6 +112,8 @@ namespace
             return "is not a plain name in quotes or angle brackets";
         if (name.find("..") != std::string_view::npos)
             return "is relative";
+        if (from == Layer::desktop && name.starts_with("ui_") && name.ends_with(".h"))
+            return "";   // compiled from the form file beside it
         const Layer to = layerOf(name);
         if (to == Layer::unknown || !name.ends_with(".h"))
             return "is not written \"folder/file.h\"";
@@ -153,6 +155,7 @@ namespace
                         IncludeCase{"console_on_logic", "console/call.cpp", "\"power/incline.h\"", true},
                         IncludeCase{"console_on_third_party", "console/predict.cpp", "<nlohmann/json.hpp>", true},
                         IncludeCase{"desktop_on_program", "desktop/binder.cpp", "\"program/program.h\"", true},
+                        IncludeCase{"desktop_on_its_form", "desktop/main_window.cpp", "\"ui_vantstart.h\"", true},
                         IncludeCase{"desktop_on_qt", "desktop/binder.cpp", "<QLineEdit>", true},
                         IncludeCase{"desktop_on_qt_module", "desktop/binder.cpp", "<QtCore/QString>", true}),
         caseName);
@@ -176,6 +179,7 @@ namespace
                         IncludeCase{"form_on_system", "power/power_form.cpp", "<unistd.h>", false},
                         IncludeCase{"form_on_program", "power/power_form.cpp", "\"program/program.h\"", false},
                         IncludeCase{"form_on_qt", "power/power_form.cpp", "<QtCore/QString>", false},
+                        IncludeCase{"console_on_a_form_file", "console/drive.cpp", "\"ui_vantstart.h\"", false},
                         IncludeCase{"form_on_desktop", "power/power_form.cpp", "\"desktop/binder.h\"", false},
                         IncludeCase{"form_on_third_party", "power/power_form.cpp", "<CLI/CLI.hpp>", false},
                         IncludeCase{"program_on_console", "program/program.cpp", "\"console/drive.h\"", false},
@@ -201,7 +205,7 @@ namespace
     {
         std::set<std::string> files;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(src))
-            if (const auto ending = entry.path().extension(); ending == ".h" || ending == ".cpp")
+            if (const auto ending = entry.path().extension(); ending == ".h" || ending == ".cpp" || ending == ".ui")
                 files.insert(std::filesystem::relative(entry.path(), src).generic_string());
         return files;
     }
@@ -242,6 +246,15 @@ namespace
         EXPECT_EQ(includedBy(""), std::nullopt);
     }
 
+    /// The file below src/ that an include in quotes stands for: a header, or the form file that one is compiled from.
+    std::string fileBehind(const std::string& include)
+    {
+        const std::string name = include.substr(1, include.size() - 2);
+        if (!name.starts_with("ui_"))
+            return name;
+        return "desktop/" + name.substr(3, name.size() - 5) + ".ui";
+    }
+
     TEST(Includes, PointDownwardsAndExist)
     {
         const std::filesystem::path src = std::filesystem::path(VANTELOS_SOURCE_DIR) / "src";
@@ -252,7 +265,7 @@ namespace
             {
                 ++arrows;
                 EXPECT_EQ(wrongWith(file, include), "") << "src/" << file << ": #include " << include;
-                EXPECT_TRUE(include.starts_with('<') || files.contains(include.substr(1, include.size() - 2)))
+                EXPECT_TRUE(include.starts_with('<') || files.contains(fileBehind(include)))
                     << "src/" << file << ": #include " << include << " names no file";
             }
         EXPECT_GT(arrows, 0) << "no #include was found below " << src;

@@ -1,0 +1,61 @@
+#include "desktop/boxes.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QStatusBar>
+
+namespace
+{
+    QString text(const std::string& bytes)
+    {
+        return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    }
+
+    /// A box with plain text; what a runner typed is never read as markup.
+    int showBox(QWidget* window, QMessageBox::Icon icon, const Message& message, QMessageBox::StandardButtons buttons,
+                const QString& more = {})
+    {
+        QMessageBox box(icon, text(message.title), text(message.text), buttons, window);
+        box.setTextFormat(Qt::PlainText);
+        box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+        box.setInformativeText(more);
+        return box.exec();
+    }
+
+    void showFault(QWidget* window, QStatusBar* statusBar, const FaultReport& fault)
+    {
+        if (fault.keystroke && statusBar)
+            statusBar->showMessage(text(fault.text));
+        else
+            showBox(window, QMessageBox::Warning, {fault.text, "Calculation stopped"}, QMessageBox::Ok,
+                    adviceFor(fault));
+    }
+}
+
+QString adviceFor(const FaultReport& fault)
+{
+    const auto stoppedWhile = [&fault](const char* words) { return fault.text.find(words) != std::string::npos; };
+    if (stoppedWhile(" age"))
+        return QObject::tr("All entries are kept. Check the age, correct it and press Re-Calculate.");
+    if (stoppedWhile("rating the time"))
+        return QObject::tr("All entries are kept. Check the comparison level, which must be above 0, and the age; then "
+                           "press Re-Calculate.");
+    if (stoppedWhile("heart rate"))
+        return QObject::tr("All entries are kept. Check the heart rates and the age.");
+    return QObject::tr("All entries are kept. Check the races: a time or a distance may not be what you meant, or the "
+                       "races are too different to be one runner's. Try fewer races, then press Re-Calculate.");
+}
+
+Dialogs boxesOver(QPointer<QWidget> window, QPointer<QStatusBar> statusBar)
+{
+    Dialogs dialogs;
+    dialogs.message = [window](const Message& message) {
+        showBox(window, QMessageBox::Information, message, QMessageBox::Ok);
+    };
+    dialogs.ask = [window](const Message& question) {
+        return showBox(window, QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+    };
+    dialogs.beep = [] { QApplication::beep(); };
+    dialogs.fault = [window, statusBar](const FaultReport& fault) { showFault(window, statusBar, fault); };
+    return dialogs;
+}

@@ -1,0 +1,188 @@
+#include "desktop/picture_widget.h"
+
+#include <algorithm>
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QImage>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+
+#include "desktop/fixed_font.h"
+
+namespace
+{
+    constexpr int filePixelsPerPixel = 2;   // PNG files and copies are finer than the screen
+    constexpr int svgDotsPerInch = 96;
+
+    QColor colourOf(Colour colour)
+    {
+        return {colour.red, colour.green, colour.blue};
+    }
+
+    /// From picture units to the rectangle: the largest scale at which all of it fits, centred.
+    QTransform placement(const Picture& picture, const QRectF& into)
+    {
+        const double width = std::max(picture.size.x, 1.0);
+        const double height = std::max(picture.size.y, 1.0);
+        const double scale = std::min(into.width() / width, into.height() / height);
+        QTransform transform;
+        transform.translate(into.x() + (into.width() - scale * width) / 2,
+                            into.y() + (into.height() - scale * height) / 2);
+        transform.scale(scale, scale);
+        return transform;
+    }
+
+    /// Draws shapes at their place on the device, so that pens and letters keep their own widths.
+    struct ShapePainter
+    {
+        QPainter& painter;
+        const QTransform& place;
+        double penWidth;
+
+        void operator()(const LinePrimitive& line) const
+        {
+            painter.drawLine(place.map(QPointF(line.from.x, line.from.y)), place.map(QPointF(line.to.x, line.to.y)));
+        }
+        void operator()(const CirclePrimitive& circle) const
+        {
+            const double radius = circle.radius * place.m11();
+            painter.drawEllipse(place.map(QPointF(circle.centre.x, circle.centre.y)), radius, radius);
+        }
+        void operator()(const PointPrimitive& point) const
+        {
+            const double radius = penWidth / 2;
+            painter.setBrush(painter.pen().color());
+            painter.drawEllipse(place.map(QPointF(point.at.x, point.at.y)), radius, radius);
+            painter.setBrush(Qt::NoBrush);
+        }
+        void operator()(const TextPrimitive& text) const
+        {
+            const QPointF at = place.map(QPointF(text.at.x, text.at.y));   // the text's left upper corner
+            painter.drawText(QPointF(at.x(), at.y() + painter.fontMetrics().ascent()),
+                             QString::fromStdString(text.text));
+        }
+    };
+}
+
+void paintPicture(QPainter& painter, const Picture& picture, const QRectF& into)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setFont(fixedFont());
+    painter.fillRect(into, colourOf(picture.background));
+    const QTransform place = placement(picture, into);
+    for (const Primitive& primitive : picture.primitives)
+    {
+        painter.setPen(QPen(colourOf(primitive.colour), std::max(primitive.width, 1.0)));
+        std::visit(ShapePainter{painter, place, std::max(primitive.width, 1.0)}, primitive.shape);
+    }
+    painter.restore();
+}
+
+PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent)
+{
+    setMouseTracking(true);
+    setFocusPolicy(Qt::ClickFocus);
+}
+
+void PictureWidget::showPicture(const Picture& picture)
+{
+    shown.primitives = picture.primitives;
+    shown.size = picture.size;
+    shown.background = picture.background;
+    update();
+}
+
+QPointF PictureWidget::toPicture(QPointF point) const
+{
+    return placement(shown, rect()).inverted().map(point);
+}
+
+QSize PictureWidget::sizeHint() const
+{
+    constexpr int usualWidth = 640;
+    constexpr int usualHeight = 400;
+    return {usualWidth, usualHeight};
+}
+
+QImage PictureWidget::image() const
+{
+    QImage image(size() * filePixelsPerPixel, QImage::Format_ARGB32);
+    image.setDevicePixelRatio(filePixelsPerPixel);
+    QPainter painter(&image);
+    paintPicture(painter, shown, rect());
+    return image;
+}
+
+bool PictureWidget::save(const QString& path) const
+{
+    if (path.endsWith(".svg", Qt::CaseInsensitive))
+    {
+        QSvgGenerator svg;
+        svg.setFileName(path);
+        svg.setSize(size());
+        svg.setViewBox(rect());
+        svg.setResolution(svgDotsPerInch);
+        QPainter painter;
+        if (!painter.begin(&svg))
+            return false;
+        paintPicture(painter, shown, rect());
+        return painter.end();
+    }
+    if (path.endsWith(".pdf", Qt::CaseInsensitive))
+    {
+        QPdfWriter pdf(path);
+        pdf.setResolution(svgDotsPerInch);
+        pdf.setPageSize(QPageSize(QSizeF(width(), height()) * 25.4 / svgDotsPerInch, QPageSize::Millimeter));
+        pdf.setPageMargins(QMarginsF());
+        QPainter painter;
+        if (!painter.begin(&pdf))
+            return false;
+        paintPicture(painter, shown, rect());
+        return painter.end();
+    }
+    return image().save(path, QFileInfo(path).suffix().isEmpty() ? "PNG" : nullptr);
+}
+
+void PictureWidget::saveAs()
+{
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save as"), "graph.png",
+                                                      tr("Picture (*.png);;Drawing (*.svg);;Page (*.pdf)"));
+    if (!path.isEmpty() && !save(path))
+        QMessageBox::warning(this, tr("Not saved"), tr("%1 could not be written.").arg(path));
+}
+
+void PictureWidget::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    paintPicture(painter, shown, rect());
+}
+
+void PictureWidget::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        emit pressedAt(toPicture(event->position()));
+}
+
+void PictureWidget::mouseMoveEvent(QMouseEvent* event)
+{
+    emit movedTo(toPicture(event->position()));
+}
+
+void PictureWidget::contextMenuEvent(QContextMenuEvent* event)
+{
+    QMenu menu;
+    connect(menu.addAction(tr("&Copy")), &QAction::triggered, this,
+            [this] { QApplication::clipboard()->setImage(image()); });
+    connect(menu.addAction(tr("&Save as PNG, SVG or PDF...")), &QAction::triggered, this, &PictureWidget::saveAs);
+    menu.exec(event->globalPos());
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QPainter>
+#include <QPointF>
+#include <QRectF>
+#include <QString>
+#include <QTransform>
+#include <QWidget>
+
+#include "forms/controls.h"
+
+/// Draws a picture's display list into a rectangle of a painter, as large as fits and centred.
+void paintPicture(QPainter& painter, const Picture& picture, const QRectF& into);
+
+/// A picture scaled to its widget, which tells where the mouse is in the picture's own units. It can be copied, and
+/// saved as PNG, SVG or PDF.
+class PictureWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PictureWidget(QWidget* parent = nullptr);
+
+    void showPicture(const Picture& picture);
+
+    /// The place of a point of the widget in picture units.
+    [[nodiscard]] QPointF toPicture(QPointF point) const;
+
+    /// A copy of the picture in a file whose ending tells the kind: .png, .svg or .pdf. Returns whether it is written.
+    [[nodiscard]] bool save(const QString& path) const;
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+signals:
+    void pressedAt(QPointF place);
+    void movedTo(QPointF place);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    [[nodiscard]] QImage image() const;
+    void saveAs();
+
+    Picture shown;
+};

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+#include "model/text_page.h"
+
+/// The lines of a page, each with its end.
+[[nodiscard]] std::string textOf(const TextPage& page);
+
+/// The lines of a page as CSV: what two or more blanks part are fields. Empty lines are left out.
+[[nodiscard]] std::string csvOf(const TextPage& page);

@@ -1,0 +1,78 @@
+// Takes a picture of the main window for the documentation, in a light or a dark palette. QT_SCALE_FACTOR scales it.
+
+#include <iostream>
+#include <string>
+
+#include <QApplication>
+#include <QPalette>
+#include <QPixmap>
+#include <QStyleFactory>
+
+#include "desktop/main_window.h"
+#include "program/program.h"
+
+namespace
+{
+    constexpr QSize windowSize(1280, 720);
+
+    QPalette lightPalette()
+    {
+        QPalette light(QColor(239, 239, 239));
+        light.setColor(QPalette::Highlight, QColor(48, 140, 198));
+        light.setColor(QPalette::HighlightedText, Qt::white);
+        return light;
+    }
+
+    /// As desktops set it in the dark.
+    QPalette darkPalette()
+    {
+        QPalette dark(QColor(70, 70, 70), QColor(56, 56, 56));
+        dark.setColor(QPalette::Base, QColor(34, 34, 34));
+        dark.setColor(QPalette::Highlight, QColor(48, 140, 198));
+        dark.setColor(QPalette::HighlightedText, Qt::white);
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        {
+            dark.setColor(role, Qt::white);
+            dark.setColor(QPalette::Disabled, role, QColor(140, 140, 140));
+        }
+        return dark;
+    }
+
+    /// Opens the program on the settings in a folder, which it leaves as they are, and saves a picture of its window.
+    bool takePicture(const std::string& folder, const QString& path)
+    {
+        bool asExpected = true;
+        MainWindow window;
+        Dialogs dialogs;
+        dialogs.message = [&asExpected](const Message& message) {
+            std::cerr << message.text << '\n';
+            asExpected = false;
+        };
+        dialogs.fault = [&asExpected](const FaultReport& fault) {
+            std::cerr << fault.text << '\n';
+            asExpected = false;
+        };
+        Program program(dialogs, {}, folder);
+        const QStringList mismatches = window.show(program);
+        start(program);
+        window.resize(windowSize);
+        static_cast<QWidget&>(window).show();
+        QApplication::processEvents();
+        return asExpected && mismatches.isEmpty() && window.grab().save(path);
+    }
+}
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    const std::string palette = argc == 4 ? argv[2] : "";
+    if (palette != "light" && palette != "dark")
+    {
+        std::cerr << "Usage: vantelos-screenshots SETTINGS-FOLDER light|dark PNG-FILE\n";
+        return 2;
+    }
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setPalette(palette == "dark" ? darkPalette() : lightPalette());
+    QApplication::setCursorFlashTime(0);   // the same picture every time
+    return takePicture(argv[1], argv[3]) ? 0 : 1;
+}
