@@ -210,7 +210,8 @@ namespace
             return withoutMnemonic(menu->title());
         if (auto* const action = qobject_cast<QAction*>(object))
             return withoutMnemonic(action->text());
-        QLabel* const label = captionLabel(window, name);
+        auto* const itself = qobject_cast<QLabel*>(object);
+        QLabel* const label = itself ? itself : captionLabel(window, name);
         return label ? withoutMnemonic(label->text()) : QString();
     }
 

@@ -290,10 +290,11 @@ namespace
             std::vector<const QWidget*> leaves;
             for (const ControlRef& control : open.form().form.controls)
                 if (auto* const widget = open.window.findChild<QWidget*>(widgetName(common(control).name));
-                    widget && !qobject_cast<QMenu*>(widget))
+                    widget && widget->isVisible() && !qobject_cast<QMenu*>(widget))
                     leaves.push_back(widget);
             for (const QLabel* label : open.window.findChildren<QLabel*>())
-                leaves.push_back(label);
+                if (label->objectName().startsWith("caption_"))
+                    leaves.push_back(label);
             for (std::size_t i = 0; i < leaves.size(); ++i)
             {
                 EXPECT_TRUE(open.asWidget().rect().contains(placeOf(*leaves[i])))
