@@ -1,7 +1,11 @@
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <string>
+#include <vector>
 
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -14,20 +18,28 @@
 namespace
 {
     constexpr double startTargetMilliseconds = 100;
+    constexpr double memoryTargetMegabytes = 60;
 
-    /// The console beside this program, with a race to predict; returns its exit status.
-    int predictInProcess(const std::string& console)
+    /// A program beside this one.
+    std::string neighbour(const char* name)
     {
-        std::string words[] = {console, "predict", "--race", "5 km 19:20", "--age", "40", "--miles", "30"};
-        char* arguments[std::size(words) + 1] = {};
-        for (std::size_t i = 0; i < std::size(words); ++i)
-            arguments[i] = words[i].data();
+        return std::filesystem::read_symlink("/proc/self/exe").parent_path() / name;
+    }
+
+    /// Runs a program to its end, with its output in a file and its messages dropped; returns its exit status.
+    int runInProcess(std::vector<std::string> words, const std::string& output)
+    {
+        std::vector<char*> arguments;
+        for (std::string& word : words)
+            arguments.push_back(word.data());
+        arguments.push_back(nullptr);
         posix_spawn_file_actions_t actions;
         posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", 1, 0);
+        posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
         pid_t child = 0;
         int status = -1;
-        if (posix_spawn(&child, console.c_str(), &actions, nullptr, arguments, environ) == 0)
+        if (posix_spawn(&child, words.front().c_str(), &actions, nullptr, arguments.data(), environ) == 0)
             waitpid(child, &status, 0);
         posix_spawn_file_actions_destroy(&actions);
         return status;
@@ -35,24 +47,22 @@ namespace
 
     void timeConsole(benchmark::State& timing)
     {
-        const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe");
-        const std::string console = self.parent_path() / "vantelos-console";
+        const std::vector<std::string> words{
+            neighbour("vantelos-console"), "predict", "--race", "5 km 19:20", "--age", "40", "--miles", "30"};
         for (auto _ : timing)
-            if (predictInProcess(console) != 0)
+            if (runInProcess(words, "/dev/null") != 0)
                 timing.SkipWithError("vantelos-console could not predict");
     }
 
-    /// A program that was left with a race entered, ready to start again from its settings.
-    void timeStart(benchmark::State& timing)
+    /// A folder with the settings of a program that was left with a race entered. It goes with this record.
+    struct SettingsFolder
     {
         std::string name = std::filesystem::temp_directory_path() / "vantelos-bench.XXXXXX";
-        const std::filesystem::path folder = mkdtemp(name.data());
-        Dialogs dialogs;
-        dialogs.message = [](const Message&) {};
-        dialogs.ask = [](const Message&) { return false; };
-        dialogs.fault = [&](const FaultReport& fault) { timing.SkipWithError(fault.text.c_str()); };
+        const std::filesystem::path path = mkdtemp(name.data());
+
+        explicit SettingsFolder(const Dialogs& dialogs)
         {
-            Program program(dialogs, {}, folder);
+            Program program(dialogs, {}, path);
             RaceControls& race = program.vantstart->races[0];
             setTicked(race.Check1, true);
             setText(race.Text2, "20");
@@ -61,13 +71,47 @@ namespace
             setText(program.vantstart->txtage, "40");
             stop(program);
         }
+        SettingsFolder(const SettingsFolder&) = delete;
+        SettingsFolder& operator=(const SettingsFolder&) = delete;
+        ~SettingsFolder() { std::filesystem::remove_all(path); }
+    };
+
+    Dialogs dialogsFor(benchmark::State& timing)
+    {
+        Dialogs dialogs;
+        dialogs.message = [](const Message&) {};
+        dialogs.ask = [](const Message&) { return false; };
+        dialogs.fault = [&timing](const FaultReport& fault) { timing.SkipWithError(fault.text.c_str()); };
+        return dialogs;
+    }
+
+    void timeStart(benchmark::State& timing)
+    {
+        const Dialogs dialogs = dialogsFor(timing);
+        const SettingsFolder folder(dialogs);
         for (auto _ : timing)
         {
-            Program program(dialogs, {}, folder);
+            Program program(dialogs, {}, folder.path);
             start(program);
             benchmark::DoNotOptimize(program.state.curve.aerobicPower);
         }
-        std::filesystem::remove_all(folder);
+    }
+
+    /// The window on a screen in memory, with what it holds at rest.
+    void timeWindow(benchmark::State& timing)
+    {
+        const SettingsFolder folder(dialogsFor(timing));
+        const std::filesystem::path output = folder.path / "output";
+        const std::vector<std::string> words{"/usr/bin/env", "-C", folder.path, "QT_QPA_PLATFORM=offscreen",
+                                             neighbour("vantelos-window-start")};
+        for (auto _ : timing)
+            if (runInProcess(words, output) != 0)
+                timing.SkipWithError("the window did not come up");
+        double bytes = 0;
+        std::ifstream(output) >> bytes;
+        char note[64];
+        std::snprintf(note, sizeof note, "%.0f MB at rest; may be %.0f", bytes / 1e6, memoryTargetMegabytes);
+        timing.SetLabel(note);
     }
 }
 
@@ -79,4 +123,9 @@ void registerStarts()
     const std::string program = "Program from settings to first table";
     setTarget(program, startTargetMilliseconds);
     benchmark::RegisterBenchmark(program.c_str(), timeStart);
+    if (!std::filesystem::exists(neighbour("vantelos-window-start")))
+        return;
+    const std::string window = "Window with the first table, offscreen";
+    setTarget(window, startTargetMilliseconds);
+    benchmark::RegisterBenchmark(window.c_str(), timeWindow)->UseRealTime();
 }
