@@ -97,21 +97,32 @@ namespace
         }
     }
 
-    /// The window on a screen in memory, with what it holds at rest.
+    /// Brings the window up on a screen in memory; returns how many bytes it then holds.
+    double showWindow(benchmark::State& timing, const SettingsFolder& folder)
+    {
+        const std::filesystem::path output = folder.path / "output";
+        if (runInProcess(
+                {"/usr/bin/env", "-C", folder.path, "QT_QPA_PLATFORM=offscreen", neighbour("vantelos-window-start")},
+                output) != 0)
+            timing.SkipWithError("the window did not come up");
+        double bytes = 0;
+        std::ifstream(output) >> bytes;
+        return bytes;
+    }
+
     void timeWindow(benchmark::State& timing)
     {
         const SettingsFolder folder(dialogsFor(timing));
-        const std::filesystem::path output = folder.path / "output";
-        const std::vector<std::string> words{"/usr/bin/env", "-C", folder.path, "QT_QPA_PLATFORM=offscreen",
-                                             neighbour("vantelos-window-start")};
         for (auto _ : timing)
-            if (runInProcess(words, output) != 0)
-                timing.SkipWithError("the window did not come up");
-        double bytes = 0;
-        std::ifstream(output) >> bytes;
-        char note[64];
-        std::snprintf(note, sizeof note, "%.0f MB at rest; may be %.0f", bytes / 1e6, memoryTargetMegabytes);
-        timing.SetLabel(note);
+            showWindow(timing, folder);
+    }
+
+    /// In a table of milliseconds a megabyte takes the place of one.
+    void weighWindow(benchmark::State& timing)
+    {
+        const SettingsFolder folder(dialogsFor(timing));
+        for (auto _ : timing)
+            timing.SetIterationTime(showWindow(timing, folder) / 1e6 / 1e3);
     }
 }
 
@@ -128,4 +139,7 @@ void registerStarts()
     const std::string window = "Window with the first table, offscreen";
     setTarget(window, startTargetMilliseconds);
     benchmark::RegisterBenchmark(window.c_str(), timeWindow)->UseRealTime();
+    const std::string memory = "Memory of that window at rest (MB, not ms)";
+    setTarget(memory, memoryTargetMegabytes);
+    benchmark::RegisterBenchmark(memory.c_str(), weighWindow)->UseManualTime()->Iterations(3);
 }

@@ -93,7 +93,8 @@ namespace
     {
         Form* form = findForm(*session.program, name);
         if (!form)
-            throw ScriptMistake(hasForm(*session.program, name) ? name + " is not open" : "there is no form \"" + name + "\"");
+            throw ScriptMistake(hasForm(*session.program, name) ? name + " is not open"
+                                                                : "there is no form \"" + name + "\"");
         return *form;
     }
 

@@ -1,6 +1,7 @@
 #include "desktop/binder.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 #include <QAbstractButton>
@@ -47,12 +48,20 @@ namespace
         widget.setVisible(control.visible);
     }
 
+    /// ", row 2" for a control of an array: its caption alone would not tell which one it is.
+    QString rowOf(const Control& control)
+    {
+        const std::size_t bracket = control.name.find('(');
+        return bracket == std::string::npos ? QString()
+                                            : QString(", row %1").arg(std::atoi(&control.name[bracket + 1]) + 1);
+    }
+
     void describe(const Control& control, QWidget& widget)
     {
         widget.setToolTip(text(control.tip));
         widget.setAccessibleDescription(text(control.tip));
         if (widget.accessibleName().isEmpty())
-            widget.setAccessibleName(text(control.caption.empty() ? control.tip : control.caption));
+            widget.setAccessibleName(text(control.caption.empty() ? control.tip : control.caption) + rowOf(control));
     }
 
     void show(const TextBox& box, QLineEdit& edit)
@@ -343,9 +352,8 @@ namespace
     private:
         static void fire(const Event& event)
         {
-            const Event kept = event;   // the event may end the form that holds it
-            if (kept)
-                kept();
+            if (event)
+                event();
         }
 
         /// Options of one group exclude each other on screen as they do in the form.
@@ -365,20 +373,14 @@ namespace
 
         void bindMouse(Picture& picture, PictureWidget& widget)
         {
-            const auto report = [](std::function<void(Point)> Picture::*event) {
-                return [event](Picture& record, QPointF place) {
-                    const std::function<void(Point)> handler = record.*event;
-                    if (handler)
-                        handler({place.x(), place.y()});
-                };
-            };
-            const auto connectMouse = [this, &picture, &widget](auto signal, auto action) {
-                QObject::connect(&widget, signal, &lifetime, [*this, &picture, action](QPointF place) mutable {
-                    happen(picture, true, [&](Picture& record) { action(record, place); });
+            const auto report = [&](auto signal, std::function<void(Point)> Picture::*event) {
+                QObject::connect(&widget, signal, &lifetime, [*this, &picture, event](QPointF place) {
+                    if (const auto& handler = picture.*event)
+                        enter(program, form.name + "." + picture.name, true, [&] { handler({place.x(), place.y()}); });
                 });
             };
-            connectMouse(&PictureWidget::pressedAt, report(&Picture::pressed));
-            connectMouse(&PictureWidget::movedTo, report(&Picture::moved));
+            report(&PictureWidget::pressedAt, &Picture::pressed);
+            report(&PictureWidget::movedTo, &Picture::moved);
         }
     };
 

@@ -12,22 +12,23 @@ namespace
     }
 
     /// A box with plain text; what a runner typed is never read as markup.
-    int showBox(QMessageBox::Icon icon, const Message& message, QMessageBox::StandardButtons buttons,
+    int showBox(QWidget* window, QMessageBox::Icon icon, const Message& message, QMessageBox::StandardButtons buttons,
                 const QString& more = {})
     {
-        QMessageBox box(icon, text(message.title), text(message.text), buttons, QApplication::activeWindow());
+        QMessageBox box(icon, text(message.title), text(message.text), buttons, window);
         box.setTextFormat(Qt::PlainText);
         box.setTextInteractionFlags(Qt::TextSelectableByMouse);
         box.setInformativeText(more);
         return box.exec();
     }
 
-    void showFault(QMainWindow* window, const FaultReport& fault)
+    void showFault(QWidget* inFront, QMainWindow* window, const FaultReport& fault)
     {
         if (fault.keystroke && window)
-            window->statusBar()->showMessage(text(fault.text));
+            window->statusBar()->showMessage(text(fault.text) + " " + adviceFor(fault));
         else
-            showBox(QMessageBox::Warning, {fault.text, "Calculation stopped"}, QMessageBox::Ok, adviceFor(fault));
+            showBox(inFront, QMessageBox::Warning, {fault.text, "Calculation stopped"}, QMessageBox::Ok,
+                    adviceFor(fault));
     }
 }
 
@@ -47,14 +48,21 @@ QString adviceFor(const FaultReport& fault)
 
 Dialogs boxesOver(std::function<QMainWindow*(const std::string&)> windowOf)
 {
+    const auto inFront = [windowOf]() -> QWidget* {
+        QWidget* const active = QApplication::activeWindow();
+        return active ? active : windowOf("vantstart");
+    };
     Dialogs dialogs;
-    dialogs.message = [](const Message& message) { showBox(QMessageBox::Information, message, QMessageBox::Ok); };
-    dialogs.ask = [](const Message& question) {
-        return showBox(QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+    dialogs.message = [inFront](const Message& message) {
+        showBox(inFront(), QMessageBox::Information, message, QMessageBox::Ok);
+    };
+    dialogs.ask = [inFront](const Message& question) {
+        return showBox(inFront(), QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No) ==
+               QMessageBox::Yes;
     };
     dialogs.beep = [] { QApplication::beep(); };
-    dialogs.fault = [windowOf](const FaultReport& fault) {
-        showFault(windowOf(fault.where.substr(0, fault.where.find('.'))), fault);
+    dialogs.fault = [inFront, windowOf](const FaultReport& fault) {
+        showFault(inFront(), windowOf(fault.where.substr(0, fault.where.find('.'))), fault);
     };
     return dialogs;
 }

@@ -25,7 +25,7 @@ namespace
     };
 }
 
-Layout layoutOf(std::string_view form)
+Layout layoutOfForm(std::string_view form)
 {
     const auto named =
         std::find_if(layouts.begin(), layouts.end(), [form](const NamedLayout& layout) { return layout.form == form; });

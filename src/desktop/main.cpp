@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <string_view>
 #include <vector>
 
@@ -6,6 +8,7 @@
 #include <QCommandLineParser>
 #include <QIcon>
 
+#include "desktop/ending_signals.h"
 #include "desktop/windows.h"
 #include "program/program.h"
 
@@ -29,8 +32,20 @@ namespace
         parser.process(application);
     }
 
+    /// Where no display can be used the toolkit would abort; an error in plain words is enough.
+    void endInPlainWords(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message)
+    {
+        std::fprintf(stderr, "%s\n", qUtf8Printable(message));
+        if (type != QtFatalMsg)
+            return;
+        std::fputs("Vantelos: there is no display that the window could be shown on. vantelos-console needs none.\n",
+                   stderr);
+        std::_Exit(1);
+    }
+
     int runDesktop(QApplication& application)
     {
+        closeWindowsOnSignals(application);
         Windows windows;
         Program program(windows.dialogs(), windows.printer(), ".");
         windows.show(program);
@@ -51,7 +66,9 @@ int main(int argc, char** argv)
         readOptions(application);
         return 0;
     }
+    qInstallMessageHandler(endInPlainWords);
     QApplication application(argc, argv);
+    qInstallMessageHandler(nullptr);
     QApplication::setDesktopFileName("vantelos");
     QApplication::setWindowIcon(QIcon(":/vantelos.svg"));
     readOptions(application);

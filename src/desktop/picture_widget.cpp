@@ -4,10 +4,10 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QBuffer>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QImage>
 #include <QMenu>
 #include <QMessageBox>
@@ -17,6 +17,7 @@
 #include <QSvgGenerator>
 
 #include "desktop/fixed_font.h"
+#include "forms/files.h"
 
 namespace
 {
@@ -123,42 +124,50 @@ QImage PictureWidget::image() const
     return image;
 }
 
-bool PictureWidget::save(const QString& path) const
+void PictureWidget::writeSvg(QIODevice& device) const
 {
+    QSvgGenerator svg;
+    svg.setOutputDevice(&device);
+    svg.setSize(size());
+    svg.setViewBox(rect());
+    svg.setResolution(svgDotsPerInch);
+    QPainter painter(&svg);
+    paintPicture(painter, shown, rect());
+}
+
+void PictureWidget::writePdf(QIODevice& device) const
+{
+    constexpr double millimetresPerInch = 25.4;
+    QPdfWriter pdf(&device);
+    pdf.setResolution(svgDotsPerInch);
+    pdf.setPageSize(QPageSize(QSizeF(width(), height()) * millimetresPerInch / svgDotsPerInch, QPageSize::Millimeter));
+    pdf.setPageMargins(QMarginsF());
+    QPainter painter(&pdf);
+    paintPicture(painter, shown, rect());
+}
+
+bool PictureWidget::save(const QString& path, QString& wrong) const
+{
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
     if (path.endsWith(".svg", Qt::CaseInsensitive))
-    {
-        QSvgGenerator svg;
-        svg.setFileName(path);
-        svg.setSize(size());
-        svg.setViewBox(rect());
-        svg.setResolution(svgDotsPerInch);
-        QPainter painter;
-        if (!painter.begin(&svg))
-            return false;
-        paintPicture(painter, shown, rect());
-        return painter.end();
-    }
-    if (path.endsWith(".pdf", Qt::CaseInsensitive))
-    {
-        QPdfWriter pdf(path);
-        pdf.setResolution(svgDotsPerInch);
-        pdf.setPageSize(QPageSize(QSizeF(width(), height()) * 25.4 / svgDotsPerInch, QPageSize::Millimeter));
-        pdf.setPageMargins(QMarginsF());
-        QPainter painter;
-        if (!painter.begin(&pdf))
-            return false;
-        paintPicture(painter, shown, rect());
-        return painter.end();
-    }
-    return image().save(path, QFileInfo(path).suffix().isEmpty() ? "PNG" : nullptr);
+        writeSvg(bytes);
+    else if (path.endsWith(".pdf", Qt::CaseInsensitive))
+        writePdf(bytes);
+    else
+        image().save(&bytes, "PNG");
+    const auto failure = replaceFile(path.toStdString(), bytes.data().toStdString());
+    wrong = QString::fromStdString(failure.value_or(""));
+    return !failure;
 }
 
 void PictureWidget::saveAs()
 {
     const QString path = QFileDialog::getSaveFileName(this, tr("Save as"), "graph.png",
                                                       tr("Picture (*.png);;Drawing (*.svg);;Page (*.pdf)"));
-    if (!path.isEmpty() && !save(path))
-        QMessageBox::warning(this, tr("Not saved"), tr("%1 could not be written.").arg(path));
+    QString wrong;
+    if (!path.isEmpty() && !save(path, wrong))
+        QMessageBox::warning(this, tr("Not saved"), tr("%1 could not be written: %2").arg(path, wrong));
 }
 
 void PictureWidget::paintEvent(QPaintEvent* /*event*/)
@@ -180,9 +189,10 @@ void PictureWidget::mouseMoveEvent(QMouseEvent* event)
 
 void PictureWidget::contextMenuEvent(QContextMenuEvent* event)
 {
-    QMenu menu;
-    connect(menu.addAction(tr("&Copy")), &QAction::triggered, this,
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu->addAction(tr("&Copy")), &QAction::triggered, this,
             [this] { QApplication::clipboard()->setImage(image()); });
-    connect(menu.addAction(tr("&Save as PNG, SVG or PDF...")), &QAction::triggered, this, &PictureWidget::saveAs);
-    menu.exec(event->globalPos());
+    connect(menu->addAction(tr("&Save as PNG, SVG or PDF...")), &QAction::triggered, this, &PictureWidget::saveAs);
+    menu->popup(event->globalPos());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIODevice>
 #include <QPainter>
 #include <QPointF>
 #include <QRectF>
@@ -26,8 +27,9 @@ public:
     /// The place of a point of the widget in picture units.
     [[nodiscard]] QPointF toPicture(QPointF point) const;
 
-    /// A copy of the picture in a file whose ending tells the kind: .png, .svg or .pdf. Returns whether it is written.
-    [[nodiscard]] bool save(const QString& path) const;
+    /// A copy of the picture in a file whose ending tells the kind: .svg, .pdf, and with any other PNG. Returns whether
+    /// it is written; if not the old file stands, and `wrong` says why.
+    [[nodiscard]] bool save(const QString& path, QString& wrong) const;
 
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -43,6 +45,8 @@ protected:
 
 private:
     [[nodiscard]] QImage image() const;
+    void writeSvg(QIODevice& device) const;
+    void writePdf(QIODevice& device) const;
     void saveAs();
 
     Picture shown;

@@ -1,7 +1,6 @@
 #include "desktop/text_surface_widget.h"
 
 #include <algorithm>
-#include <memory>
 
 #include <QAction>
 #include <QContextMenuEvent>
@@ -66,7 +65,8 @@ void TextSurfaceWidget::saveAs(const QString& filter, const QString& ending,
 
 void TextSurfaceWidget::contextMenuEvent(QContextMenuEvent* event)
 {
-    const std::unique_ptr<QMenu> menu(createStandardContextMenu());
+    QMenu* const menu = createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addSeparator();
     QAction* const asText = menu->addAction(tr("Save as &text..."));
     QAction* const asCsv = menu->addAction(tr("Save as CS&V..."));
@@ -76,5 +76,5 @@ void TextSurfaceWidget::contextMenuEvent(QContextMenuEvent* event)
             [this] { saveAs(tr("Text (*.txt)"), ".txt", &TextSurfaceWidget::saveText); });
     connect(asCsv, &QAction::triggered, this,
             [this] { saveAs(tr("CSV (*.csv)"), ".csv", &TextSurfaceWidget::saveCsv); });
-    menu->exec(event->globalPos());
+    menu->popup(event->globalPos());
 }

@@ -4,7 +4,6 @@
 #include <QStatusBar>
 
 #include "desktop/boxes.h"
-#include "desktop/layouts.h"
 #include "desktop/printing.h"
 
 namespace
@@ -12,21 +11,46 @@ namespace
     constexpr const char* mainForm = "vantstart";
 }
 
-Windows::Windows() : stopOffer([] { return QApplication::activeWindow(); })
+Windows::Windows(LayoutFinder layoutFinder)
+    : layoutOf(layoutFinder), stopOffer([this] {
+          QWidget* const active = QApplication::activeWindow();
+          return active ? active : windowOf(mainForm);
+      })
 {
     windows[mainForm] = std::make_unique<FormWindow>(layoutOf(mainForm));
 }
 
 Windows::~Windows() = default;
 
+/// The time that a person takes for an answer is not the calculation's.
+void Windows::withoutStopOffer(const std::function<void()>& action)
+{
+    stopOffer.takeAway();
+    action();
+    stopOffer.restart();
+}
+
 Dialogs Windows::dialogs()
 {
-    return boxesOver([this](const std::string& form) { return windowOf(form); });
+    Dialogs dialogs = boxesOver([this](const std::string& form) { return windowOf(form); });
+    dialogs.ask = [this, ask = dialogs.ask](const Message& question) {
+        bool answer = false;
+        withoutStopOffer([&] { answer = ask(question); });
+        return answer;
+    };
+    return dialogs;
 }
 
 Printer Windows::printer()
 {
-    return printerWithPreview([this](const std::string& form) { return windowOf(form); });
+    Printer printer = printerWithPreview([this](const std::string& form) { return windowOf(form); });
+    printer.printText = [this, print = printer.printText](const std::vector<std::string>& lines) {
+        withoutStopOffer([&] { print(lines); });
+    };
+    printer.printForm = [this, print = printer.printForm](const FormImage& form) {
+        withoutStopOffer([&] { print(form); });
+    };
+    return printer;
 }
 
 void Windows::show(Program& shownProgram)

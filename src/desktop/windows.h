@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -7,6 +8,7 @@
 #include <QStringList>
 
 #include "desktop/form_window.h"
+#include "desktop/layouts.h"
 #include "desktop/stop_offer.h"
 #include "program/program.h"
 
@@ -15,7 +17,8 @@
 class Windows
 {
 public:
-    Windows();
+    /// layoutFinder: how each form's window is laid out.
+    explicit Windows(LayoutFinder layoutFinder = layoutOfForm);
     ~Windows();
     Windows(const Windows&) = delete;
     Windows& operator=(const Windows&) = delete;
@@ -33,9 +36,11 @@ public:
     QStringList mismatches;   // controls without a widget of their kind, and forms without a window
 
 private:
+    void withoutStopOffer(const std::function<void()>& action);
     void showForm(Form& form);
     void unload(const Form& form);
 
+    LayoutFinder layoutOf;
     Program* program = nullptr;
     std::map<std::string, std::unique_ptr<FormWindow>> windows;
     StopOffer stopOffer;

@@ -178,13 +178,16 @@ namespace
     void nameRow(RaceControls& race, int i)
     {
         race.Check1 = {{.name = arrayName("Check1", i), .caption = std::to_string(i + 1), .tip = "Use this race"}};
-        race.Text1 = {{.name = arrayName("Text1", i), .caption = "Hours", .tip = "Hours of the race time"}};
-        race.Text2 = {{.name = arrayName("Text2", i), .caption = "Minutes", .tip = "Minutes of the race time"}};
-        race.Text3 = {
-            {.name = arrayName("Text3", i), .caption = "Seconds", .tip = "Seconds of the race time; decimals allowed"}};
-        race.Text4 = {{.name = arrayName("Text4", i),
-                       .caption = "Number",
-                       .tip = "Distance in the unit to the right; not needed for a marathon or half marathon"}};
+        race.Text1 = {{.name = arrayName("Text1", i), .caption = "Hours", .tip = "Hours of the race time, 0 or more"}};
+        race.Text2 = {
+            {.name = arrayName("Text2", i), .caption = "Minutes", .tip = "Minutes of the race time, 0 or more"}};
+        race.Text3 = {{.name = arrayName("Text3", i),
+                       .caption = "Seconds",
+                       .tip = "Seconds of the race time, 0 or more; decimals allowed"}};
+        race.Text4 = {
+            {.name = arrayName("Text4", i),
+             .caption = "Number",
+             .tip = "Distance in the unit to the right, above 0; not needed for a marathon or half marathon"}};
         struct UnitOption
         {
             OptionButton* option;

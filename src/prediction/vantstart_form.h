@@ -33,7 +33,7 @@ struct VantstartForm
     CalculationResults results;   // what the latest runs left to be shown
 
     TextBox txtname{{.name = "txtname", .caption = "Runner's Name:", .tip = "Printed on reports"}, "Joe Runner"};
-    TextBox txtage{{.name = "txtage", .caption = "Age:", .tip = "Age in years; fractions allowed"}};
+    TextBox txtage{{.name = "txtage", .caption = "Age:", .tip = "Age in years, 5 to 100 as a rule; fractions allowed"}};
     OptionButton optmale{{.name = "optmale", .caption = "Male", .tip = "Men's record curve and age table"}, true};
     OptionButton optfemale{{.name = "optfemale", .caption = "Female", .tip = "Women's record curve and age table"}};
     OptionGroup sexes{{&optmale, &optfemale}};
@@ -49,7 +49,7 @@ struct VantstartForm
     TextBox txtkm{{.name = "txtkm", .caption = "kilometers", .tip = "The same in kilometers"}, "32"};
     ScrollBar HScroll2{{.name = "HScroll2",
                         .caption = "Comparison level:",
-                        .tip = "Performance level of the Record column, 0.1 to 110 % (100 % is the record)"},
+                        .tip = "Performance level of the Record column, 0 to 110 % (100 % is the record)"},
                        fullComparisonLevel,
                        0,
                        1100,
@@ -68,9 +68,13 @@ struct VantstartForm
     TextBox txin{{.name = "txin", .caption = "in =", .tip = "Height in inches"}, "70"};
     TextBox txcm{{.name = "txcm", .caption = "cm", .tip = "Height in centimeters"}, "178"};
 
-    TextBox actmhrtx{
-        {.name = "actmhrtx", .caption = "Actual Max HR:", .tip = "Highest heart rate measured, beats a minute"}, "182"};
-    TextBox resthrtx{{.name = "resthrtx", .caption = "Resting HR:", .tip = "Heart rate at rest, beats a minute"}};
+    TextBox actmhrtx{{.name = "actmhrtx",
+                      .caption = "Actual Max HR:",
+                      .tip = "Highest heart rate measured, beats a minute; 150 to 220 as a rule"},
+                     "182"};
+    TextBox resthrtx{{.name = "resthrtx",
+                      .caption = "Resting HR:",
+                      .tip = "Heart rate at rest, beats a minute; 40 to 70 as a rule"}};
     TextBox emhrtx{{.name = "emhrtx",
                     .caption = "Estimated max HR (beats/min):",
                     .tip = "Estimated from age and sex; use it if the actual value is not known"},

@@ -30,12 +30,32 @@ namespace
         return place == program.forms.end() ? nullptr : &*place;
     }
 
+    /// Runs an event to its end or to its fault, then shows what was said and what stopped it.
+    void happen(Program& program, const std::string& where, bool keystroke, const Event& event)
+    {
+        program.state.activity.clear();
+        fire(program.beginning);
+        std::optional<FaultReport> stopped;
+        try
+        {
+            fire(event);
+        }
+        catch (const ArithmeticFault& fault)
+        {
+            stopped = FaultReport{faultText(fault, program.state.activity), where, keystroke};
+        }
+        fire(program.ending);
+        showSaid(program.outside);
+        if (stopped)
+            program.outside.dialogs.fault(*stopped);
+    }
+
     void unload(Program& program, const FormPlace& place)
     {
         Form* const form = place.find();
         if (!form)
             return;
-        fire(form->unloaded);
+        happen(program, form->name, false, form->unloaded);
         if (program.unloading)
             program.unloading(*form);
         place.drop();
@@ -124,16 +144,6 @@ void closeForm(Program& program, const std::string& name)
     program.closing.push_back(name);
 }
 
-void endEvent(Program& program)
-{
-    showSaid(program.outside);
-    for (const std::string& name : std::exchange(program.closing, {}))
-        if (name == mainForm)
-            stop(program);
-        else if (const FormPlace* const place = placeOf(program, name))
-            unload(program, *place);
-}
-
 std::string faultText(const ArithmeticFault& fault, const std::string& activity)
 {
     std::string text = std::string("The calculation stopped: ") + fault.what();
@@ -148,19 +158,14 @@ void enter(Program& program, const std::string& where, bool keystroke, const Eve
         return;
     program.underWay = true;
     const OnLeaving over([&program] { program.underWay = false; });
-    program.state.activity.clear();
-    fire(program.beginning);
-    std::optional<FaultReport> stopped;
-    try
+    happen(program, where, keystroke, event);
+    while (!program.closing.empty())
     {
-        event();
+        const std::string name = program.closing.front();
+        program.closing.erase(program.closing.begin());
+        if (name == mainForm)
+            stop(program);
+        else if (const FormPlace* const place = placeOf(program, name))
+            unload(program, *place);
     }
-    catch (const ArithmeticFault& fault)
-    {
-        stopped = FaultReport{faultText(fault, program.state.activity), where, keystroke};
-    }
-    fire(program.ending);
-    endEvent(program);
-    if (stopped)
-        program.outside.dialogs.fault(*stopped);
 }

@@ -69,15 +69,12 @@ void openForm(Program& program, const std::string& name);
 /// Unloads a form once the event under way has ended; the main form ends the program.
 void closeForm(Program& program, const std::string& name);
 
-/// Shows what was said in an event and unloads the forms that it closed.
-void endEvent(Program& program);
-
 /// What is told of a fault: what stopped, and while what.
 [[nodiscard]] std::string faultText(const ArithmeticFault& fault, const std::string& activity);
 
-/// Runs an event that comes from outside, to its end or to its fault, then shows what was said. This is where
-/// faults are caught. An event that comes while another is under way, from a screen that has to stay alive
-/// meanwhile, is not taken.
+/// Runs an event that comes from outside, to its end or to its fault, then shows what was said and unloads the forms
+/// that it closed. This is where faults are caught. An event that comes while another is under way, from a screen that
+/// has to stay alive meanwhile, is not taken.
 ///   where      the control whose event it is, "vantstart.Command1"
 ///   keystroke  whether an entry is under way, so that a fault must not interrupt it
 void enter(Program& program, const std::string& where, bool keystroke, const Event& event);

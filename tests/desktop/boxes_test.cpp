@@ -96,7 +96,9 @@ namespace
     {
         const BoxesToCome boxes;
         dialogs.fault({"The calculation stopped: an overflow while reading the age.", "vantstart.txtage", true});
-        EXPECT_EQ(window.statusBar()->currentMessage(), "The calculation stopped: an overflow while reading the age.");
+        EXPECT_EQ(window.statusBar()->currentMessage(),
+                  "The calculation stopped: an overflow while reading the age. All entries are kept. Check the age, "
+                  "correct it and press Re-Calculate.");
         EXPECT_EQ(boxes.seen(), 0);
     }
 

@@ -10,7 +10,7 @@
 #include <QTimer>
 #include <QWidget>
 
-/// Meets the modal boxes, dialogs and menus that open while an event is under way, each with the next of its actions.
+/// Meets the modal boxes and dialogs that open while an event is under way, each with the next of its actions.
 /// One that comes without an action left is closed, and counted.
 class BoxesToCome
 {
@@ -29,8 +29,7 @@ public:
 private:
     void look()
     {
-        QWidget* const popup = QApplication::activePopupWidget();
-        QWidget* const box = popup ? popup : QApplication::activeModalWidget();
+        QWidget* const box = QApplication::activeModalWidget();
         if (!box || box == met)
             return;
         met = box;

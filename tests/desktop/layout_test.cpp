@@ -165,6 +165,7 @@ namespace
 
     TEST_F(Layout, EveryEntryHasANameToBeReadAloud)
     {
+        std::set<std::string> names;
         for (const ControlRef& control : open.form().form.controls)
         {
             if (std::holds_alternative<MenuItem*>(control) || std::holds_alternative<Label*>(control))
@@ -172,7 +173,9 @@ namespace
             auto& widget = open.find<QWidget>(widgetName(common(control).name));
             QAccessibleInterface* const read = QAccessible::queryAccessibleInterface(&widget);
             ASSERT_TRUE(read);
-            EXPECT_FALSE(read->text(QAccessible::Name).isEmpty()) << common(control).name;
+            const std::string name = read->text(QAccessible::Name).toStdString();
+            EXPECT_FALSE(name.empty()) << common(control).name;
+            EXPECT_TRUE(names.insert(name).second) << name << " is not the only one";
         }
     }
 

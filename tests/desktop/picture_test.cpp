@@ -138,6 +138,7 @@ namespace
     protected:
         ScratchDirectory folder;
         PictureWidget widget;
+        QString wrong;
 
         PictureFiles()
         {
@@ -156,7 +157,7 @@ namespace
 
     TEST_P(PictureFiles, ArePng)
     {
-        ASSERT_TRUE(widget.save(file("graph.png")));
+        ASSERT_TRUE(widget.save(file("graph.png"), wrong)) << wrong.toStdString();
         const QImage image(file("graph.png"), "PNG");
         EXPECT_EQ(image.size(), GetParam() * 2);
         EXPECT_GT(countOf(image, Qt::red), image.width());
@@ -166,7 +167,7 @@ namespace
 
     TEST_P(PictureFiles, AreSvg)
     {
-        ASSERT_TRUE(widget.save(file("graph.SVG")));
+        ASSERT_TRUE(widget.save(file("graph.SVG"), wrong)) << wrong.toStdString();
         const std::string bytes = bytesOf(file("graph.SVG").toStdString());
         EXPECT_THAT(bytes, testing::HasSubstr("<svg"));
         EXPECT_THAT(bytes, testing::HasSubstr("Pace &amp; &lt;distance&gt;"));
@@ -186,7 +187,7 @@ namespace
 
     TEST_P(PictureFiles, ArePdf)
     {
-        ASSERT_TRUE(widget.save(file("graph.pdf")));
+        ASSERT_TRUE(widget.save(file("graph.pdf"), wrong)) << wrong.toStdString();
         EXPECT_THAT(output("pdftotext", {"-layout", file("graph.pdf"), "-"}).toStdString(),
                     testing::HasSubstr("Pace & <distance>"));
         output("pdftoppm", {"-png", "-r", "96", "-singlefile", file("graph.pdf"), file("page")});
@@ -210,7 +211,11 @@ namespace
         widget.showPicture(sample());
         widget.resize(200, 100);
         for (const char* name : {"none/graph.png", "none/graph.svg", "none/graph.pdf"})
-            EXPECT_FALSE(widget.save(QString::fromStdString(folder.path() / name))) << name;
+        {
+            QString wrong;
+            EXPECT_FALSE(widget.save(QString::fromStdString(folder.path() / name), wrong)) << name;
+            EXPECT_THAT(wrong.toStdString(), testing::HasSubstr("No such file or directory")) << name;
+        }
     }
 
     TEST(PictureFile, WithoutAnEndingIsPng)
@@ -219,7 +224,9 @@ namespace
         PictureWidget widget;
         widget.showPicture(sample());
         widget.resize(200, 100);
-        EXPECT_TRUE(widget.save(QString::fromStdString(folder.path() / "graph")));
+        QString wrong;
+        EXPECT_TRUE(widget.save(QString::fromStdString(folder.path() / "graph"), wrong));
+        EXPECT_FALSE(QImage(QString::fromStdString(folder.path() / "graph"), "PNG").isNull());
     }
 
     TEST(PictureMenu, Copies)
@@ -229,18 +236,17 @@ namespace
         widget.resize(200, 100);
         widget.show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
-        BoxesToCome boxes({[](QWidget& menu) {
-            QAction* copy = nullptr;
-            for (QAction* action : menu.actions())
-                if (action->text().remove('&') == "Copy")
-                    copy = action;
-            ASSERT_TRUE(copy);
-            clickItem(menu, *copy);
-        }});
         QApplication::clipboard()->clear();
         QContextMenuEvent event(QContextMenuEvent::Mouse, {20, 20}, widget.mapToGlobal(QPoint(20, 20)));
         QApplication::sendEvent(&widget, &event);
-        EXPECT_EQ(boxes.seen(), 1);
+        QWidget* const menu = QApplication::activePopupWidget();
+        ASSERT_TRUE(menu);
+        QAction* copy = nullptr;
+        for (QAction* action : menu->actions())
+            if (action->text().remove('&') == "Copy")
+                copy = action;
+        ASSERT_TRUE(copy);
+        clickItem(*menu, *copy);
         const QImage copied = QApplication::clipboard()->image();
         EXPECT_EQ(copied.size(), QSize(400, 200));
         EXPECT_GT(countOf(copied, Qt::red), 0);

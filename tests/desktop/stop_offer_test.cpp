@@ -135,6 +135,8 @@ namespace
             ASSERT_NE(open.program.vantstart, nullptr);   // what the calculation works on is still there
         };
         open.click("Command1");
+        EXPECT_EQ(open.program.vantstart, nullptr);   // ended once it was over
+        EXPECT_FALSE(open.asWidget().isVisible());
     }
 
     // Three and a half days on the way: the search creeps for some 14000 rounds, and asks.

@@ -123,10 +123,18 @@ same "where it runs" "$data" "$(readlink "/proc/$window/cwd")"
 same "who may read the folder" 700 "$(stat -c %a "$data")"
 cmp "$data/vantini.txt" "$root/usr/share/vantelos/vantini.txt" || fail "the starter settings"
 same "what is in the folder" vantini.txt "$(ls -A "$data")"
+rm "$data/vantini.txt"
 kill "$window"
 wait "$window" 2>/dev/null || true
 window=
+cmp "$data/vantini.txt" "$root/usr/share/vantelos/vantini.txt" || fail "the settings were not saved when it was told to end"
 same "what the window said" "" "$(grep -v '^This plugin does not support' said.txt || true)"
+
+echo "No display"
+status=0
+QT_QPA_PLATFORM=xcb DISPLAY=:no-display "$bin/vantelos" >said.txt 2>&1 || status=$?
+same "the exit status" 1 "$status"
+grep -q "^Vantelos: there is no display" said.txt || fail "without a display it said: $(cat said.txt)"
 
 echo "Later starts"
 echo "#FALSE#" >"$data/vantini.txt"
