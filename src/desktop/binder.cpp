@@ -33,13 +33,25 @@ namespace
         return caption.replace("&&", "\x01").remove('&').replace('\x01', '&');
     }
 
-    /// Writes a caption unless the widget has it already, with a mnemonic of its own.
+    /// The letter behind the mark, or none.
+    QChar mnemonicOf(QString caption)
+    {
+        const qsizetype mark = caption.replace("&&", "\x01\x01").indexOf('&');
+        return mark < 0 || mark + 1 == caption.size() ? QChar() : caption[mark + 1];
+    }
+
+    /// Writes a caption unless the widget has it already. The mnemonic that the layout gave stays where the new caption
+    /// has the letter.
     template <class Widget>
     void showCaption(const Control& control, Widget& widget)
     {
         const QString caption = text(control.caption);
-        if (!caption.isEmpty() && withoutMnemonic(widget.text()) != caption)
-            widget.setText(QString(caption).replace("&", "&&"));
+        if (caption.isEmpty() || withoutMnemonic(widget.text()) == caption)
+            return;
+        const QChar mnemonic = mnemonicOf(widget.text());
+        QString shown = QString(caption).replace("&", "&&");
+        const qsizetype at = mnemonic.isNull() ? -1 : shown.indexOf(mnemonic, 0, Qt::CaseInsensitive);
+        widget.setText(at < 0 ? shown : shown.insert(at, '&'));
     }
 
     void showCommon(const Control& control, QWidget& widget, bool enabled)

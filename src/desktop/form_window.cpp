@@ -3,14 +3,19 @@
 #include <algorithm>
 
 #include <QCloseEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
 
 #include "desktop/binder.h"
+#include "desktop/fixed_font.h"
 
 FormWindow::FormWindow(Layout layOut)
 {
     layOut(*this);
+    for (QLabel* label : findChildren<QLabel*>())
+        if (label->property("fixedPitch").toBool())
+            label->setFont(fixedFont());   // a heading over the columns of a table
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
         connect(new QShortcut(key, this), &QShortcut::activated, this, &FormWindow::pressWithEnter);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);

@@ -15,6 +15,18 @@
 #include "forms/files.h"
 #include "forms/page_text.h"
 
+namespace
+{
+    /// Blank lines above the first one that is not are a print position below other controls; a window has its layout
+    /// for that.
+    TextPage withoutBlankLinesAbove(TextPage page)
+    {
+        const auto isBlank = [](const std::string& line) { return line.find_first_not_of(' ') == std::string::npos; };
+        page.lines.erase(page.lines.begin(), std::find_if_not(page.lines.begin(), page.lines.end(), isBlank));
+        return page;
+    }
+}
+
 TextSurfaceWidget::TextSurfaceWidget(QWidget* parent) : QPlainTextEdit(parent)
 {
     setReadOnly(true);
@@ -27,12 +39,13 @@ TextSurfaceWidget::TextSurfaceWidget(QWidget* parent) : QPlainTextEdit(parent)
 
 void TextSurfaceWidget::showPage(const TextPage& page)
 {
-    if (page == shown)
+    const TextPage below = withoutBlankLinesAbove(page);
+    if (below == shown)
         return;
-    shown = page;
+    shown = below;
     const int across = horizontalScrollBar()->value();
     const int down = verticalScrollBar()->value();
-    const std::string lines = textOf(page);
+    const std::string lines = textOf(shown);
     setPlainText(QString::fromUtf8(lines.data(), static_cast<qsizetype>(lines.size())).chopped(lines.empty() ? 0 : 1));
     horizontalScrollBar()->setValue(across);
     verticalScrollBar()->setValue(down);
