@@ -93,7 +93,7 @@ namespace
     {
         Form* form = findForm(*session.program, name);
         if (!form)
-            throw ScriptMistake(hasForm(name) ? name + " is not open" : "there is no form \"" + name + "\"");
+            throw ScriptMistake(hasForm(*session.program, name) ? name + " is not open" : "there is no form \"" + name + "\"");
         return *form;
     }
 
@@ -263,7 +263,7 @@ namespace
     {
         const std::string name = line.word("a form");
         line.end();
-        if (!hasForm(name))
+        if (!hasForm(*session.program, name))
             throw ScriptMistake("there is no form \"" + name + "\"");
         openFormNamed(session, "vantstart");
         act(session, name, [&] { openForm(*session.program, name); });

@@ -79,6 +79,15 @@ namespace
         showCommon(label, widget, label.enabled);
     }
 
+    /// The Tab key stops once a group: at the option that is on, or at the first while none is.
+    void placeTabStop(const QButtonGroup& group)
+    {
+        const QList<QAbstractButton*> buttons = group.buttons();
+        const QAbstractButton* const on = group.checkedButton();
+        for (QAbstractButton* const button : buttons)
+            button->setFocusPolicy(button == (on ? on : buttons.front()) ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+
     /// Radio buttons of one group can only all be off while the group does not insist on one.
     void show(const OptionButton& option, QRadioButton& button)
     {
@@ -90,6 +99,8 @@ namespace
         button.setChecked(option.chosen);
         if (group && switchedOff)
             group->setExclusive(true);
+        if (group)
+            placeTabStop(*group);
         showCommon(option, button, option.enabled);
     }
 
@@ -100,17 +111,10 @@ namespace
         showCommon(box, widget, box.enabled);
     }
 
-    /// What opens a form that this program does not have can't be used.
-    template <class Opener>
-    bool isUsable(const Opener& opener)
-    {
-        return opener.enabled && (opener.opens.empty() || hasForm(opener.opens));
-    }
-
     void show(const Button& button, QPushButton& widget)
     {
         showCaption(button, widget);
-        showCommon(button, widget, isUsable(button));
+        showCommon(button, widget, button.enabled);
     }
 
     void show(const ScrollBar& bar, QScrollBar& widget)
@@ -153,7 +157,7 @@ namespace
     {
         showCaption(item, action);
         action.setChecked(item.ticked);
-        action.setEnabled(isUsable(item));
+        action.setEnabled(item.enabled);
         action.setVisible(item.visible);
     }
 
@@ -194,9 +198,12 @@ namespace
         template <class Record, class Widget>
         void follow(Record& record, Widget& widget)
         {
-            const auto write = [&record, &widget] {
+            const auto write = [&record, &widget, &shown = program] {
                 const QSignalBlocker quiet(widget);
                 show(record, widget);
+                if constexpr (requires { record.opens; })
+                    if (!record.opens.empty() && !hasForm(shown, record.opens))
+                        widget.setEnabled(false);
             };
             record.shown = write;
             write();

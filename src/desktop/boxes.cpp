@@ -12,23 +12,23 @@ namespace
     }
 
     /// A box with plain text; what a runner typed is never read as markup.
-    int showBox(QWidget* window, QMessageBox::Icon icon, const Message& message, QMessageBox::StandardButtons buttons,
+    int showBox(QMessageBox::Icon icon, const Message& message, QMessageBox::StandardButtons buttons,
                 const QString& more = {})
     {
-        QMessageBox box(icon, text(message.title), text(message.text), buttons, window);
+        QMessageBox box(icon, text(message.title), text(message.text), buttons,
+                        QApplication::activeWindow());
         box.setTextFormat(Qt::PlainText);
         box.setTextInteractionFlags(Qt::TextSelectableByMouse);
         box.setInformativeText(more);
         return box.exec();
     }
 
-    void showFault(QWidget* window, QStatusBar* statusBar, const FaultReport& fault)
+    void showFault(QMainWindow* window, const FaultReport& fault)
     {
-        if (fault.keystroke && statusBar)
-            statusBar->showMessage(text(fault.text));
+        if (fault.keystroke && window)
+            window->statusBar()->showMessage(text(fault.text));
         else
-            showBox(window, QMessageBox::Warning, {fault.text, "Calculation stopped"}, QMessageBox::Ok,
-                    adviceFor(fault));
+            showBox(QMessageBox::Warning, {fault.text, "Calculation stopped"}, QMessageBox::Ok, adviceFor(fault));
     }
 }
 
@@ -46,16 +46,16 @@ QString adviceFor(const FaultReport& fault)
                        "races are too different to be one runner's. Try fewer races, then press Re-Calculate.");
 }
 
-Dialogs boxesOver(QPointer<QWidget> window, QPointer<QStatusBar> statusBar)
+Dialogs boxesOver(std::function<QMainWindow*(const std::string&)> windowOf)
 {
     Dialogs dialogs;
-    dialogs.message = [window](const Message& message) {
-        showBox(window, QMessageBox::Information, message, QMessageBox::Ok);
-    };
-    dialogs.ask = [window](const Message& question) {
-        return showBox(window, QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+    dialogs.message = [](const Message& message) { showBox(QMessageBox::Information, message, QMessageBox::Ok); };
+    dialogs.ask = [](const Message& question) {
+        return showBox(QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
     };
     dialogs.beep = [] { QApplication::beep(); };
-    dialogs.fault = [window, statusBar](const FaultReport& fault) { showFault(window, statusBar, fault); };
+    dialogs.fault = [windowOf](const FaultReport& fault) {
+        showFault(windowOf(fault.where.substr(0, fault.where.find('.'))), fault);
+    };
     return dialogs;
 }

@@ -6,8 +6,7 @@
 #include <QCommandLineParser>
 #include <QIcon>
 
-#include "desktop/main_window.h"
-#include "desktop/printing.h"
+#include "desktop/windows.h"
 #include "program/program.h"
 
 namespace
@@ -32,12 +31,11 @@ namespace
 
     int runDesktop(QApplication& application)
     {
-        MainWindow window;
-        Program program(window.dialogs(), printerWithPreview([&window](const std::string&) { return &window; }), ".");
-        const QStringList mismatches = window.show(program);
-        if (!mismatches.isEmpty())
-            qFatal("The main window is incomplete: %s", qUtf8Printable(mismatches.join(", ")));
-        window.show();
+        Windows windows;
+        Program program(windows.dialogs(), windows.printer(), ".");
+        windows.show(program);
+        if (!windows.mismatches.isEmpty())
+            qFatal("The main window is incomplete: %s", qUtf8Printable(windows.mismatches.join(", ")));
         start(program);
         return application.exec();
     }

@@ -7,14 +7,19 @@ namespace
     constexpr int patienceMilliseconds = 1000;
 }
 
-StopOffer::StopOffer(QPointer<QWidget> parentWindow) : window(std::move(parentWindow))
+StopOffer::StopOffer(std::function<QWidget*()> windowInFront) : window(std::move(windowInFront))
 {
     sinceBegin.start();
 }
 
+StopOffer::~StopOffer()
+{
+    takeAway();
+}
+
 void StopOffer::restart()
 {
-    delete offer;
+    takeAway();
     sinceBegin.restart();
 }
 
@@ -24,7 +29,7 @@ bool StopOffer::goOn()
         return true;
     if (!offer)
     {
-        offer = new QProgressDialog(QObject::tr("Still calculating..."), QObject::tr("&Stop"), 0, 0, window);
+        offer = new QProgressDialog(QObject::tr("Still calculating..."), QObject::tr("&Stop"), 0, 0, window());
         offer->setWindowModality(Qt::ApplicationModal);
         offer->setMinimumDuration(0);
         offer->show();
@@ -32,6 +37,11 @@ bool StopOffer::goOn()
     QCoreApplication::processEvents();
     const bool stopped = offer && offer->wasCanceled();
     if (stopped)
-        delete offer;
+        takeAway();
     return !stopped;
+}
+
+void StopOffer::takeAway()
+{
+    delete offer;
 }

@@ -11,7 +11,11 @@
 class StopOffer
 {
 public:
-    explicit StopOffer(QPointer<QWidget> parentWindow);
+    /// windowInFront: over which the offer comes; it may give nothing.
+    explicit StopOffer(std::function<QWidget*()> windowInFront);
+    ~StopOffer();
+    StopOffer(const StopOffer&) = delete;
+    StopOffer& operator=(const StopOffer&) = delete;
 
     /// To be called when an event begins.
     void restart();
@@ -19,8 +23,11 @@ public:
     /// Whether to go on; shows the offer after a second, and then looks for an answer.
     [[nodiscard]] bool goOn();
 
+    /// To be called when an event ends, before anything else is shown.
+    void takeAway();
+
 private:
-    QPointer<QWidget> window;
+    std::function<QWidget*()> window;
     QElapsedTimer sinceBegin;
     QPointer<QProgressDialog> offer;
 };

@@ -153,6 +153,9 @@ struct Form
     std::string title;
     std::vector<ControlRef> controls = {};
     Event titleShown = {};
+    Event load = {};       // once it has been built, before it is seen
+    Event opened = {};     // whenever somebody has asked for it, open before or not
+    Event unloaded = {};   // before it goes
 };
 
 [[nodiscard]] Control& common(const ControlRef& control);

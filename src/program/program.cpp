@@ -1,12 +1,45 @@
 #include "program/program.h"
 
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "forms/files.h"
+#include "forms/on_leaving.h"
 
 namespace
 {
     constexpr const char* mainForm = "vantstart";
+
+    void fire(const Event& event)
+    {
+        if (event)
+            event();
+    }
+
+    void show(Program& program, Form& form)
+    {
+        if (program.shown)
+            program.shown(form);
+    }
+
+    const FormPlace* placeOf(const Program& program, std::string_view name)
+    {
+        const auto place = std::find_if(program.forms.begin(), program.forms.end(),
+                                        [name](const FormPlace& form) { return form.name == name; });
+        return place == program.forms.end() ? nullptr : &*place;
+    }
+
+    void unload(Program& program, const FormPlace& place)
+    {
+        Form* const form = place.find();
+        if (!form)
+            return;
+        fire(form->unloaded);
+        if (program.unloading)
+            program.unloading(*form);
+        place.drop();
+    }
 
     /// Writes the settings, as often as the runner asks for. Returns when they are written or given up.
     void saveSettings(Program& program)
@@ -48,6 +81,8 @@ void stop(Program& program)
         return;
     saveSettings(program);
     showSaid(program.outside);
+    for (const FormPlace& place : program.forms)
+        unload(program, place);
     if (program.unloading)
         program.unloading(program.vantstart->form);
     program.vantstart.reset();
@@ -55,20 +90,33 @@ void stop(Program& program)
 
 Form* findForm(Program& program, std::string_view name)
 {
-    return program.vantstart && name == mainForm ? &program.vantstart->form : nullptr;
+    if (program.vantstart && name == mainForm)
+        return &program.vantstart->form;
+    const FormPlace* const place = placeOf(program, name);
+    return place ? place->find() : nullptr;
 }
 
-bool hasForm(std::string_view name)
+bool hasForm(const Program& program, std::string_view name)
 {
-    return name == mainForm;
+    return name == mainForm || placeOf(program, name);
 }
 
 void openForm(Program& program, const std::string& name)
 {
-    if (Form* const form = findForm(program, name); form && program.shown)
-        program.shown(*form);
-    else if (!hasForm(name))
+    Form* form = findForm(program, name);
+    if (form)
+        show(program, *form);
+    else if (const FormPlace* const place = placeOf(program, name))
+    {
+        place->build();
+        form = place->find();
+        const OnLeaving showIt([&] { show(program, *form); });
+        fire(form->load);
+    }
+    else
         program.outside.said.push_back({"This version of Vantelos has no form \"" + name + "\"."});
+    if (form)
+        fire(form->opened);
 }
 
 void closeForm(Program& program, const std::string& name)
@@ -82,6 +130,8 @@ void endEvent(Program& program)
     for (const std::string& name : std::exchange(program.closing, {}))
         if (name == mainForm)
             stop(program);
+        else if (const FormPlace* const place = placeOf(program, name))
+            unload(program, *place);
 }
 
 std::string faultText(const ArithmeticFault& fault, const std::string& activity)
@@ -90,4 +140,27 @@ std::string faultText(const ArithmeticFault& fault, const std::string& activity)
     if (!activity.empty())
         text += " while " + activity;
     return text + ".";
+}
+
+void enter(Program& program, const std::string& where, bool keystroke, const Event& event)
+{
+    if (program.underWay)
+        return;
+    program.underWay = true;
+    const OnLeaving over([&program] { program.underWay = false; });
+    program.state.activity.clear();
+    fire(program.beginning);
+    std::optional<FaultReport> stopped;
+    try
+    {
+        event();
+    }
+    catch (const ArithmeticFault& fault)
+    {
+        stopped = FaultReport{faultText(fault, program.state.activity), where, keystroke};
+    }
+    fire(program.ending);
+    endEvent(program);
+    if (stopped)
+        program.outside.dialogs.fault(*stopped);
 }

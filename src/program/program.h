@@ -14,6 +14,15 @@
 #include "prediction/settings_form.h"
 #include "prediction/vantstart_form.h"
 
+/// A form that is built when it is asked for: where it stands, and how it comes and goes.
+struct FormPlace
+{
+    std::string_view name;
+    std::function<Form*()> find;   // nothing while it is not open
+    Event build;                   // with its design values
+    Event drop;
+};
+
 /// The program: one model state and every form, put together.
 ///
 /// It refers to itself through its forms, so that it stays where it was built.
@@ -29,9 +38,12 @@ struct Program
     Outside outside;
     std::filesystem::path folder;
     std::unique_ptr<VantstartForm> vantstart;   // absent once the program has ended
+    std::vector<FormPlace> forms;               // all others by name
     std::vector<std::string> closing;           // forms to be unloaded when the event under way has ended
+    bool underWay = false;                      // an event that came from outside
 
-    std::function<void()> beginning = {};        // an event comes from outside
+    Event beginning = {};                        // an event comes from outside
+    Event ending = {};                           // it has ended, and nothing that was said has been shown yet
     std::function<void(Form&)> shown = {};       // a form was opened, or is to come to the front
     std::function<void(Form&)> unloading = {};   // a form is about to go
 };
@@ -39,17 +51,19 @@ struct Program
 /// Loads the main form from the settings in the program's folder and calculates.
 void start(Program& program);
 
-/// Unloads the main form and writes the settings. Where they can't be written the old file stands and a question
-/// comes: try again, or leave without saving. Does nothing once the program has ended.
+/// Writes the settings and unloads every form, the main form last. Where they can't be written the old file stands
+/// and a question comes: try again, or leave without saving. Does nothing once the program has ended.
 void stop(Program& program);
 
 /// An open form by its name, or nothing.
 [[nodiscard]] Form* findForm(Program& program, std::string_view name);
 
 /// Whether the program has a form of that name, open or not.
-[[nodiscard]] bool hasForm(std::string_view name);
+[[nodiscard]] bool hasForm(const Program& program, std::string_view name);
 
-/// Shows a form; one that is open comes to the front. A name that the program has no form for gets a message.
+/// Shows a form: builds and loads one that is not open, brings one that is open to the front. A name that the program
+/// has no form for gets a message.
+/// Faults: as the form's load and opened events; it is shown all the same.
 void openForm(Program& program, const std::string& name);
 
 /// Unloads a form once the event under way has ended; the main form ends the program.
@@ -62,24 +76,8 @@ void endEvent(Program& program);
 [[nodiscard]] std::string faultText(const ArithmeticFault& fault, const std::string& activity);
 
 /// Runs an event that comes from outside, to its end or to its fault, then shows what was said. This is where
-/// faults are caught.
+/// faults are caught. An event that comes while another is under way, from a screen that has to stay alive
+/// meanwhile, is not taken.
 ///   where      the control whose event it is, "vantstart.Command1"
 ///   keystroke  whether an entry is under way, so that a fault must not interrupt it
-template <class EventAction>
-void enter(Program& program, const std::string& where, bool keystroke, EventAction event)
-{
-    program.state.activity.clear();
-    if (program.beginning)
-        program.beginning();
-    try
-    {
-        event();
-        endEvent(program);
-    }
-    catch (const ArithmeticFault& fault)
-    {
-        const FaultReport report{faultText(fault, program.state.activity), where, keystroke};
-        endEvent(program);
-        program.outside.dialogs.fault(report);
-    }
-}
+void enter(Program& program, const std::string& where, bool keystroke, const Event& event);

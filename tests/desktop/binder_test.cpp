@@ -39,7 +39,7 @@ namespace
     {
         const ScratchDirectory folder;
         OpenWindow open(folder.path());
-        EXPECT_EQ(open.mismatches.join(", "), "");
+        EXPECT_EQ(open.windows.mismatches.join(", "), "");
         EXPECT_EQ(widgetsWithoutControl(open.form().form, open.window).join(", "), "");
     }
 

@@ -38,7 +38,7 @@ namespace
         Boxes()
         {
             window.show();
-            dialogs = boxesOver(&window, window.statusBar());
+            dialogs = boxesOver([this](const std::string&) { return &window; });
         }
         BoxesToCome::Action readAnd(QMessageBox::StandardButton button)
         {
@@ -136,10 +136,10 @@ namespace
     {
         const ScratchDirectory folder;
         writeSample(folder.path());
-        MainWindow window;
-        Program program(window.dialogs(), {}, folder.path());
-        ASSERT_TRUE(window.show(program).isEmpty());
-        static_cast<QWidget&>(window).show();
+        Windows windows;
+        FormWindow& window = *windows.windowOf("vantstart");
+        Program program(windows.dialogs(), {}, folder.path());
+        windows.show(program);
         start(program);
         VantstartForm& form = *program.vantstart;
         setTicked(form.races[1].Check1, false);
@@ -165,10 +165,10 @@ namespace
     {
         const ScratchDirectory folder;
         writeSample(folder.path());
-        MainWindow window;
-        Program program(window.dialogs(), {}, folder.path());
-        ASSERT_TRUE(window.show(program).isEmpty());
-        static_cast<QWidget&>(window).show();
+        Windows windows;
+        FormWindow& window = *windows.windowOf("vantstart");
+        Program program(windows.dialogs(), {}, folder.path());
+        windows.show(program);
         start(program);
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
         auto& age = *window.findChild<QLineEdit*>("txtage");

@@ -268,10 +268,11 @@ namespace
         const ScratchDirectory folder;
         writeSample(folder.path());
         Told told;
-        MainWindow window;
+        Windows windows;
+        FormWindow& window = *windows.windowOf("vantstart");
         Program program(told.dialogs(), {}, folder.path());
-        ASSERT_TRUE(window.show(program).isEmpty());
-        static_cast<QWidget&>(window).show();
+        windows.show(program);
+        ASSERT_TRUE(windows.mismatches.isEmpty());
         start(program);
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
         const auto* const table = window.findChild<TextSurfaceWidget*>("Picture1");

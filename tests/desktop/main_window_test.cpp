@@ -478,11 +478,11 @@ namespace
             return widget ? widget->isEnabled() : open.find<QAction>(name).isEnabled();
         };
         EXPECT_EQ(common(*control).enabled, GetParam().atOnce);
-        EXPECT_EQ(usable(), GetParam().atOnce && hasForm(opens));
+        EXPECT_EQ(usable(), GetParam().atOnce && hasForm(open.program, opens));
         enterSample(open.form());
         open.click("Command1");
         EXPECT_TRUE(common(*control).enabled);
-        EXPECT_EQ(usable(), hasForm(opens));
+        EXPECT_EQ(usable(), hasForm(open.program, opens));
     }
 
     INSTANTIATE_TEST_SUITE_P(OfEachForm, Openers,
@@ -776,10 +776,11 @@ namespace
         {
             const bool full = i % 10 == 0;   // with a table, and painted; that takes longest
             Told told;
-            MainWindow window;
+            Windows windows;
+            FormWindow& window = *windows.windowOf("vantstart");
             Program program(told.dialogs(), {}, (full ? sample : bare).path());
-            ASSERT_TRUE(window.show(program).isEmpty());
-            static_cast<QWidget&>(window).show();
+            windows.show(program);
+            ASSERT_TRUE(windows.mismatches.isEmpty());
             start(program);
             if (full)
                 QApplication::processEvents();

@@ -26,7 +26,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "desktop/main_window.h"
+#include "desktop/windows.h"
 #include "forms/outside.h"
 #include "program/program.h"
 
@@ -121,18 +121,17 @@ struct OpenWindow
 
     void open()
     {
-        mismatches = window.show(program);
-        asWidget().resize(1280, 720);
-        asWidget().show();
+        window.resize(1280, 720);
+        windows.show(program);
         start(program);
         if (!QTest::qWaitForWindowActive(&window))
             throw std::runtime_error("the window does not become active");
     }
 
     Told told;
-    MainWindow window;
+    Windows windows;
+    FormWindow& window = *windows.windowOf("vantstart");
     Program program;
-    QStringList mismatches;
 
     [[nodiscard]] QWidget& asWidget() { return window; }
     [[nodiscard]] VantstartForm& form() { return *program.vantstart; }

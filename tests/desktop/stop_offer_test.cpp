@@ -49,7 +49,7 @@ namespace
     {
         QWidget window;
         window.show();
-        StopOffer offer(&window);
+        StopOffer offer([&] { return &window; });
         offer.restart();
         EXPECT_TRUE(offer.goOn());
         EXPECT_EQ(offerOnScreen(), nullptr);
@@ -70,7 +70,7 @@ namespace
 
     TEST(StopOffer, IsTakenByEscape)
     {
-        StopOffer offer(nullptr);
+        StopOffer offer([] { return nullptr; });
         QTest::qWait(longerThanPatience);
         EXPECT_TRUE(offer.goOn());
         QProgressDialog* const shown = offerOnScreen();

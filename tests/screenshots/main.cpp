@@ -8,7 +8,7 @@
 #include <QPixmap>
 #include <QStyleFactory>
 
-#include "desktop/main_window.h"
+#include "desktop/windows.h"
 #include "program/program.h"
 
 namespace
@@ -42,7 +42,8 @@ namespace
     bool takePicture(const std::string& folder, const QString& path)
     {
         bool asExpected = true;
-        MainWindow window;
+        Windows windows;
+        FormWindow& window = *windows.windowOf("vantstart");
         Dialogs dialogs;
         dialogs.message = [&asExpected](const Message& message) {
             std::cerr << message.text << '\n';
@@ -53,12 +54,11 @@ namespace
             asExpected = false;
         };
         Program program(dialogs, {}, folder);
-        const QStringList mismatches = window.show(program);
-        start(program);
         window.resize(windowSize);
-        static_cast<QWidget&>(window).show();
+        windows.show(program);
+        start(program);
         QApplication::processEvents();
-        return asExpected && mismatches.isEmpty() && window.grab().save(path);
+        return asExpected && windows.mismatches.isEmpty() && window.grab().save(path);
     }
 }
 

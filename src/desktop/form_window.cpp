@@ -1,0 +1,65 @@
+#include "desktop/form_window.h"
+
+#include <algorithm>
+
+#include <QCloseEvent>
+#include <QPushButton>
+#include <QShortcut>
+
+#include "desktop/binder.h"
+
+FormWindow::FormWindow(Layout layOut)
+{
+    layOut(*this);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
+        connect(new QShortcut(key, this), &QShortcut::activated, this, &FormWindow::pressWithEnter);
+    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
+}
+
+QStringList FormWindow::connectWith(Program& program, Form& form)
+{
+    shownProgram = &program;
+    formName = form.name;
+    lifetime = std::make_unique<QObject>();
+    return bindForm(program, form, *this, *lifetime);
+}
+
+void FormWindow::leave()
+{
+    lifetime.reset();
+    shownProgram = nullptr;
+    close();
+}
+
+void FormWindow::comeToTheFront()
+{
+    if (isMinimized())
+        showNormal();
+    else
+        show();
+    raise();
+    activateWindow();
+}
+
+void FormWindow::pressWithEnter()
+{
+    if (auto* const focused = qobject_cast<QPushButton*>(focusWidget()))
+        return focused->click();
+    const QList<QPushButton*> buttons = findChildren<QPushButton*>();
+    const auto byDefault = std::find_if(buttons.begin(), buttons.end(), [](auto* button) { return button->isDefault(); });
+    if (byDefault != buttons.end())
+        (*byDefault)->click();
+}
+
+/// While an event is under way its form has to stay; it is unloaded at the event's end.
+void FormWindow::closeEvent(QCloseEvent* event)
+{
+    Program* const program = shownProgram;
+    event->setAccepted(!program || !program->underWay);
+    if (!program)
+        return;
+    if (program->underWay)
+        closeForm(*program, formName);
+    else
+        enter(*program, formName, false, [program, name = formName] { closeForm(*program, name); });
+}

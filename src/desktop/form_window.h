@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <QMainWindow>
+#include <QObject>
+
+#include "program/program.h"
+
+/// Puts a form's widgets into an empty window.
+using Layout = void (*)(QMainWindow&);
+
+/// The window of one form. Closing it by any way unloads the form; Esc closes, and Enter presses the button that has
+/// the focus, from everywhere else the form's default button.
+class FormWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit FormWindow(Layout layOut);
+
+    /// Connects the window with a program's form. Returns what does not fit; nothing when all does.
+    [[nodiscard]] QStringList connectWith(Program& program, Form& form);
+
+    /// The form goes: nothing of it is shown any more, and the window closes.
+    void leave();
+
+    void comeToTheFront();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void pressWithEnter();
+
+    Program* shownProgram = nullptr;
+    std::string formName;
+    std::unique_ptr<QObject> lifetime;   // of the connections
+};
