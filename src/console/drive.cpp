@@ -93,7 +93,8 @@ namespace
     {
         Form* form = findForm(*session.program, name);
         if (!form)
-            throw ScriptMistake(hasForm(*session.program, name) ? name + " is not open" : "there is no form \"" + name + "\"");
+            throw ScriptMistake(hasForm(*session.program, name) ? name + " is not open"
+                                                                : "there is no form \"" + name + "\"");
         return *form;
     }
 
@@ -161,6 +162,8 @@ namespace
 
         void operator()(TextBox* box) const
         {
+            if (box->locked)
+                throw ScriptMistake(target.name + " is only shown");
             act(session, target.name, [&] { setText(*box, text); });
         }
         void operator()(ScrollBar* bar) const
