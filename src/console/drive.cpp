@@ -162,6 +162,8 @@ namespace
 
         void operator()(TextBox* box) const
         {
+            if (box->locked)
+                throw ScriptMistake(target.name + " is only shown");
             act(session, target.name, [&] { setText(*box, text); });
         }
         void operator()(ScrollBar* bar) const

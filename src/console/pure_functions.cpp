@@ -8,6 +8,9 @@
 #include "model/race_time.h"
 #include "model/record_curve.h"
 #include "model/text.h"
+#include "power/incline.h"
+#include "power/running_power.h"
+#include "special/special_analysis.h"
 
 namespace
 {
@@ -148,6 +151,47 @@ namespace
         return ageDistanceTermOf(numberAt(words, 0));
     }
 
+    Json callRunEfficiency(ModelState&, const Words& words)
+    {
+        return runEfficiency(numberAt(words, 0));
+    }
+
+    Json callGrossPower(ModelState& state, const Words& words)
+    {
+        return grossPower(state, numberAt(words, 0), numberAt(words, 1), numberAt(words, 2), numberAt(words, 3));
+    }
+
+    Json callNetPower(ModelState& state, const Words& words)
+    {
+        return netPower(state, numberAt(words, 0), numberAt(words, 1), numberAt(words, 2), numberAt(words, 3),
+                        numberAt(words, 4));
+    }
+
+    Json callPowerOutput(ModelState& state, const Words& words)
+    {
+        return powerOutput(state, numberAt(words, 0), numberAt(words, 1), numberAt(words, 2), numberAt(words, 3));
+    }
+
+    Json callLevelSpeedForSlope(ModelState& state, const Words& words)
+    {
+        return levelSpeedForSlope(state, numberAt(words, 0), numberAt(words, 1));
+    }
+
+    Json callSlopeSpeedForLevel(ModelState& state, const Words& words)
+    {
+        return slopeSpeedForLevel(state, numberAt(words, 0), numberAt(words, 1));
+    }
+
+    Json callRawSpeedAt(ModelState& state, const Words& words)
+    {
+        return rawSpeedAt(state, numberAt(words, 0));
+    }
+
+    Json callConstantSlopeTime(ModelState& state, const Words& words)
+    {
+        return constantSlopeTime(state, numberAt(words, 0), numberAt(words, 1));
+    }
+
     struct WordCount
     {
         std::size_t least = 0, most = 0;
@@ -195,6 +239,15 @@ const std::vector<PureFunction>& pureFunctions()
         {"bodyDrag", "weightKg heightCm", callBodyDrag},
         {"fatigueCoef", "weeklyMiles sex", callFatigueCoef},
         {"ageDistanceTerm", "age", callAgeDistanceTerm},
+
+        {"runEfficiency", "grade", callRunEfficiency},
+        {"grossPower", "speed weight grade airFactor", callGrossPower},
+        {"netPower", "speed weight grade airFactor wind", callNetPower},
+        {"powerOutput", "speed weight grade airFactor", callPowerOutput},
+        {"levelSpeedForSlope", "grade speed", callLevelSpeedForSlope},
+        {"slopeSpeedForLevel", "grade levelSpeed", callSlopeSpeedForLevel},
+        {"rawSpeedAt", "distance", callRawSpeedAt},
+        {"constantSlopeTime", "distance slope", callConstantSlopeTime},
     };
     return functions;
 }

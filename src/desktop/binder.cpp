@@ -85,6 +85,8 @@ namespace
             edit.setText(shown);
             edit.setCursorPosition(std::min(cursor, static_cast<int>(shown.size())));
         }
+        if (box.locked)
+            edit.setReadOnly(true);
         showCommon(box, edit, box.enabled);
     }
 

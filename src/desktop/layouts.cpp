@@ -3,6 +3,12 @@
 #include <algorithm>
 #include <array>
 
+#include "ui_eqpace.h"
+#include "ui_powen.h"
+#include "ui_pstrat.h"
+#include "ui_quickcalcs.h"
+#include "ui_specinfo.h"
+#include "ui_tmill.h"
 #include "ui_vantstart.h"
 
 namespace
@@ -22,6 +28,12 @@ namespace
 
     constexpr std::array layouts{
         NamedLayout{"vantstart", layOut<Ui::vantstart>},
+        NamedLayout{"eqpace", layOut<Ui::eqpace>},
+        NamedLayout{"powen", layOut<Ui::powen>},
+        NamedLayout{"pstrat", layOut<Ui::pstrat>},
+        NamedLayout{"quickcalcs", layOut<Ui::quickcalcs>},
+        NamedLayout{"specinfo", layOut<Ui::specinfo>},
+        NamedLayout{"tmill", layOut<Ui::tmill>},
     };
 }
 

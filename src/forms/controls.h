@@ -36,6 +36,7 @@ struct TextBox : Control
 {
     std::string text = {};   // one line, anything
     Event changed = {};
+    bool locked = false;   // shown, and not typed into
 };
 
 struct Label : Control   // its text is the caption

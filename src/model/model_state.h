@@ -87,7 +87,6 @@ struct Flags
     int agecomp = 0;               // the main form's "Use age-based comparisons"
     int oplev = 0;                 // the performance table's "Times by age for level"; 0 while its form is closed
     int calculatedOnce = 0;
-    int eqpaceMode = 0;             // set by the menu before the hill pace table opens
     int performanceStart = 0;       // 1 when the menu has opened the performance table specification
     int performanceFromTable = 0;   // 1 while the performance form stands as opened from a table
     int reportToFile = 0;           // 0 full report to the printer, 1 to a text file
@@ -105,6 +104,56 @@ struct TableRun
     std::array<OneBased<double, tableDistances>, static_cast<std::size_t>(tableColumns)> tableTimes;   // s
 };
 
+/// What the conversions between slope and level share. Whoever sets a mode for a while sets it back to 0.
+struct Incline
+{
+    int indoorMode = 0;     // 0 outdoors on both sides, 1 treadmill against outdoors, 2 treadmill against itself level
+    double windSpeed = 0;   // m/s at the runner, positive is a head wind; of the slope side, outdoors
+    int slopeDirection = 0;   // 1 slope costs at least as much as level, -1 less; left by the latest inverse conversion
+    int zeroPowerFlag = 0;    // 1 when the latest net power was exactly 0
+};
+
+/// What the tools about power and slopes keep while the program runs.
+struct SlopeTools
+{
+    double curSpeed = 0;       // m/s, level speed of the quick calculator
+    double slopeValue = 0;     // its slope, a fraction
+    int tmillMode = 1;         // 1 flat pace equal to a treadmill setting, 2 treadmill pace equal to a flat pace
+    int tmillDisplay = 1;      // 1 paces, 2 speeds
+    int hillScale = 2;         // 1 to 4: the range of the hill table's grades
+    int gradeDefinition = 1;   // its grades: 1 over distance along the surface, 2 over horizontal distance
+};
+
+enum class SpecialUnit { none, miles, yards, kilometers, meters, marathon, halfMarathon };
+
+/// The special information form's entries.
+struct SpecialEntries
+{
+    std::string number;   // Text1: how many of the unit
+    SpecialUnit unit = SpecialUnit::kilometers;
+    std::string mode;         // "n" uneven splits, "c" constant, "r" out and back, "" level time or none
+    bool levelOnly = false;   // whether "" was chosen, Option5
+    std::string slope;        // Text3
+    int wind = 0;             // tenths of m/s at 1 m above the ground
+    bool tailWind = false;
+};
+
+/// What the analysis of hills, wind and uneven pacing keeps. Paces are seconds a mile, at all stages.
+struct Special
+{
+    std::string analysisMode;     // "n", "c", "r" or empty, of the latest run
+    double slope = 0;             // rise over distance along the surface, of the latest run
+    double windBase = 0;          // m/s at 1 m above the ground, positive is a head wind
+    double evenPace = 0;          // pace of a race over the full distance
+    double fastHalfPace = 0;      // pace of a race over half of it
+    double aerobicHalfPace = 0;   // aerobic pace for a half, raised with distance
+    double pacingCentre = 0;      // (p - centre) (q - centre) = area, for the paces p and q of the halves
+    double pacingArea = 0;
+    double paceDivisor = 1;   // what course paces are divided by: 1, or 1.609344 for minutes per kilometer
+    bool stored = false;      // whether a run has left its entries
+    SpecialEntries entries;   // of the latest run that got as far as its level line
+};
+
 struct ModelState
 {
     Runner runner;
@@ -113,6 +162,9 @@ struct ModelState
     Results results;
     Flags flags;
     TableRun table;
+    Incline incline;
+    SlopeTools slopeTools;
+    Special special;
 
     std::string activity;   // what is under way, for the words of a fault: "fitting the race over 5000 m"
     GoOn goOn;              // asked in very long loops

@@ -253,7 +253,7 @@ namespace
             item->clicked = [&form, item] { form.outside.openForm(item->opens); };
         form.exit.clicked = [&form] { form.outside.closeForm(form.form.name); };
         form.hillpaces.clicked = [&form] {
-            form.state.flags.eqpaceMode = 2;
+            form.state.slopeTools.hillScale = 2;
             form.outside.openForm(form.hillpaces.opens);
         };
         form.performance.clicked = [&form] {

@@ -6,6 +6,7 @@
 
 #include "forms/files.h"
 #include "forms/on_leaving.h"
+#include "program/power_places.h"
 
 namespace
 {
@@ -86,6 +87,8 @@ Program::Program(Dialogs dialogs, Printer printer, std::filesystem::path setting
     outside.closeForm = [this](const std::string& name) { closeForm(*this, name); };
     vantstart = std::make_unique<VantstartForm>(state, outside);
     setLoadDefaults(*vantstart);
+    for (const FormPlace& place : powerPlaces(*this))
+        forms.push_back(place);
 }
 
 void start(Program& program)

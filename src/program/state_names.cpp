@@ -144,6 +144,29 @@ namespace
                 letter("unitsMode", &ModelState::flags, &Flags::unitsMode, "me")};
     }
 
+    std::vector<StateName> slopeNames()
+    {
+        return {whole("indoorMode", &ModelState::incline, &Incline::indoorMode),
+                number("windSpeed", &ModelState::incline, &Incline::windSpeed),
+                whole("slopeDirection", &ModelState::incline, &Incline::slopeDirection),
+                whole("zeroPowerFlag", &ModelState::incline, &Incline::zeroPowerFlag),
+                number("curSpeed", &ModelState::slopeTools, &SlopeTools::curSpeed),
+                number("slopeValue", &ModelState::slopeTools, &SlopeTools::slopeValue),
+                whole("tmillMode", &ModelState::slopeTools, &SlopeTools::tmillMode),
+                whole("tmillDisplay", &ModelState::slopeTools, &SlopeTools::tmillDisplay),
+                whole("hillScale", &ModelState::slopeTools, &SlopeTools::hillScale),
+                whole("gradeDefinition", &ModelState::slopeTools, &SlopeTools::gradeDefinition),
+                {"analysisMode", [](const ModelState& state) -> StateValue { return state.special.analysisMode; }, {}},
+                number("slope", &ModelState::special, &Special::slope),
+                number("windBase", &ModelState::special, &Special::windBase),
+                number("evenPace", &ModelState::special, &Special::evenPace),
+                number("fastHalfPace", &ModelState::special, &Special::fastHalfPace),
+                number("aerobicHalfPace", &ModelState::special, &Special::aerobicHalfPace),
+                number("pacingCentre", &ModelState::special, &Special::pacingCentre),
+                number("pacingArea", &ModelState::special, &Special::pacingArea),
+                number("paceDivisor", &ModelState::special, &Special::paceDivisor)};
+    }
+
     std::vector<StateName> tableNames()
     {
         const auto times = [](const ModelState& state) -> StateValue {
@@ -167,7 +190,7 @@ const std::vector<StateName>& stateNames()
     static const std::vector<StateName> names = [] {
         std::vector<StateName> all;
         for (const std::vector<StateName>& some :
-             {runnerNames(), raceNames(), curveNames(), resultNames(), flagNames(), tableNames()})
+             {runnerNames(), raceNames(), curveNames(), resultNames(), flagNames(), tableNames(), slopeNames()})
             all.insert(all.end(), some.begin(), some.end());
         return all;
     }();

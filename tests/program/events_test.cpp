@@ -455,8 +455,9 @@ namespace
     TEST(Menu, HillPacesChooseTheTablesMode)
     {
         MainForm main;
+        main.state().slopeTools.hillScale = 4;
         main.person.click("hillpaces");
-        EXPECT_EQ(main.state().flags.eqpaceMode, 2);
+        EXPECT_EQ(main.state().slopeTools.hillScale, 2);
         EXPECT_EQ(main.state().flags.performanceStart, 0);
     }
 
@@ -465,7 +466,6 @@ namespace
         MainForm main;
         main.person.click("performance");
         EXPECT_EQ(main.state().flags.performanceStart, 1);
-        EXPECT_EQ(main.state().flags.eqpaceMode, 0);
     }
 
     TEST(Menu, ReportsGoToThePrinterOrToAFile)

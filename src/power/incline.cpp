@@ -1,0 +1,156 @@
+#include "power/incline.h"
+
+#include <cmath>
+#include <optional>
+
+#include "model/arithmetic.h"
+#include "power/running_power.h"
+
+namespace
+{
+    constexpr double effortKg = standardWeightKg;   // efforts are compared for one body
+    constexpr double marchStep = 0.05;              // m/s
+    constexpr double indoorHeadStart = 0.5;         // m/s that an indoor march starts below the speed
+    constexpr double creep = 0.001;                 // m/s that each round of the search moves at the least
+
+    double levelEffort(ModelState& state, double speed, double airFactor)
+    {
+        return netPower(state, speed, effortKg, 0, airFactor, 0);
+    }
+
+    double slopeEffort(ModelState& state, double speed, double grade)
+    {
+        if (state.incline.indoorMode > 0)
+            return netPower(state, speed, effortKg, grade, 0, 0);
+        return netPower(state, speed, effortKg, grade, 1, state.incline.windSpeed);
+    }
+
+    void faultIfStuck(double before, double after)
+    {
+        if (before == after)
+            stopWith("a search without an end (the speed is too large for its steps)");
+    }
+
+    /// A march from a trial speed to the level speed of an effort.
+    struct March
+    {
+        double trial = 0;      // m/s, where it starts
+        double target = 0;     // W
+        double levelAir = 1;   // air factor of the level side
+        double step = 0;       // m/s, negative downwards
+    };
+
+    bool hasPassed(const March& march, double effort)
+    {
+        return march.step > 0 ? effort > march.target : effort < march.target;
+    }
+
+    /// Goes ahead to three steps before a guess of the result, over points whose efforts need not be worked out: effort
+    /// grows with speed, by far more a step than it is rounded, so that where the target lies ahead of a point it
+    /// lies ahead of all points before it. The points themselves are those of the march, to the last bit.
+    void skipTo(ModelState& state, March& march, std::optional<double> guess)
+    {
+        constexpr double fastest = 1e4;   // m/s, up to which a step of effort is far above its rounding
+        if (!guess || std::abs(*guess) > fastest || std::abs(march.trial) > fastest)
+            return;
+        const double end = *guess - 3 * march.step;
+        double ahead = march.trial;
+        while (march.step > 0 ? ahead < end : ahead > end)
+            ahead = ahead + march.step;
+        if (ahead != march.trial && !hasPassed(march, levelEffort(state, ahead, march.levelAir)))
+            march.trial = ahead;
+    }
+
+    double marchUp(ModelState& state, const March& march)
+    {
+        LongLoop rounds(state.goOn);
+        double trial = march.trial;
+        double p0 = 0;
+        double p1 = levelEffort(state, trial, march.levelAir);
+        for (;;)
+        {
+            rounds.nextRound();
+            const double before = trial;
+            p0 = p1;
+            trial = trial + marchStep;
+            p1 = levelEffort(state, trial, march.levelAir);
+            if (p1 > march.target)
+                break;
+            faultIfStuck(before, trial);
+        }
+        return checked((trial - marchStep) + quotient(marchStep * (march.target - p0), p1 - p0));
+    }
+
+    double marchDown(ModelState& state, const March& march)
+    {
+        LongLoop rounds(state.goOn);
+        double trial = march.trial;
+        double p0 = 0;
+        double p1 = levelEffort(state, trial, march.levelAir);
+        for (;;)
+        {
+            rounds.nextRound();
+            const double before = trial;
+            p0 = p1;
+            trial = trial - marchStep;
+            p1 = levelEffort(state, trial, march.levelAir);
+            if (p1 < march.target || march.target <= 0)
+                break;
+            faultIfStuck(before, trial);
+        }
+        if (p1 == p0)
+            return trial;   // as where the march has run out of speed
+        return checked((trial + marchStep) - quotient(marchStep * (march.target - p0), p1 - p0));
+    }
+
+    /// `levelSpeedForSlope`, with a guess of its result that saves time and changes nothing.
+    double levelSpeedNear(ModelState& state, double grade, double speed, std::optional<double> guess)
+    {
+        const int mode = state.incline.indoorMode;
+        const bool upwards = state.incline.slopeDirection >= 0;
+        March march;
+        march.target = slopeEffort(state, speed, grade);
+        march.trial = mode > 0 ? speed - indoorHeadStart : speed;
+        march.levelAir = mode == 2 ? 0 : 1;
+        march.step = upwards ? marchStep : -marchStep;
+        if (upwards || march.target > 0)
+            skipTo(state, march, guess);
+        return upwards ? marchUp(state, march) : marchDown(state, march);
+    }
+}
+
+double levelSpeedForSlope(ModelState& state, double grade, double speed)
+{
+    return levelSpeedNear(state, grade, speed, std::nullopt);
+}
+
+double slopeSpeedForLevel(ModelState& state, double grade, double levelSpeed)
+{
+    const double L = levelSpeed;
+    if (L <= -marchStep)
+        stopWith("a search without an end (the level speed is negative)");
+    int& direction = state.incline.slopeDirection;
+    direction = 0;
+    const double slopeCost = slopeEffort(state, L, grade);
+    const double levelCost = levelEffort(state, L, 1);   // with air even between two treadmills, on purpose
+    direction = levelCost > slopeCost ? -1 : 1;
+
+    LongLoop rounds(state.goOn);
+    double s = L + 0.003;
+    double e = levelSpeedNear(state, grade, s, std::nullopt);   // also the first of each round's two evaluations
+    for (;;)
+    {
+        rounds.nextRound();
+        const double before = s;
+        s = s - (e - L) / 4 - direction * creep;
+        e = levelSpeedNear(state, grade, s, before == 0 ? e : e * (s / before));
+        if ((direction > 0 && e < L) || (direction < 0 && e > L))
+            return s;
+        faultIfStuck(before, s);
+    }
+}
+
+double gradeAlongSurface(double horizontalGrade)
+{
+    return horizontalGrade / power(1 + square(horizontalGrade), 0.5);
+}
