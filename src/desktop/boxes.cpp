@@ -46,7 +46,7 @@ QString adviceFor(const FaultReport& fault)
                        "races are too different to be one runner's. Try fewer races, then press Re-Calculate.");
 }
 
-Dialogs boxesOver(std::function<QMainWindow*(const std::string&)> windowOf)
+Dialogs boxesOver(const std::function<QMainWindow*(const std::string&)>& windowOf)
 {
     const auto inFront = [windowOf]() -> QWidget* {
         QWidget* const active = QApplication::activeWindow();

@@ -3,19 +3,30 @@
 #include <algorithm>
 
 #include <QCloseEvent>
-#include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
 
 #include "desktop/binder.h"
 #include "desktop/fixed_font.h"
 
+namespace
+{
+    /// For what stands over or under the columns of a table. A heading whose words have to reach its columns tells how
+    /// much wider its blanks are, in pixels.
+    QFont columnFont(const QWidget& widget)
+    {
+        QFont font = fixedFont();
+        font.setWordSpacing(widget.property("wordSpacing").toDouble());
+        return font;
+    }
+}
+
 FormWindow::FormWindow(Layout layOut)
 {
     layOut(*this);
-    for (QLabel* label : findChildren<QLabel*>())
-        if (label->property("fixedPitch").toBool())
-            label->setFont(fixedFont());   // a heading over the columns of a table
+    for (QWidget* widget : findChildren<QWidget*>())
+        if (widget->property("fixedPitch").toBool())
+            widget->setFont(columnFont(*widget));
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
         connect(new QShortcut(key, this), &QShortcut::activated, this, &FormWindow::pressWithEnter);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);

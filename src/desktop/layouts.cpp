@@ -27,12 +27,9 @@ namespace
     };
 
     constexpr std::array layouts{
-        NamedLayout{"vantstart", layOut<Ui::vantstart>},
-        NamedLayout{"eqpace", layOut<Ui::eqpace>},
-        NamedLayout{"powen", layOut<Ui::powen>},
-        NamedLayout{"pstrat", layOut<Ui::pstrat>},
-        NamedLayout{"quickcalcs", layOut<Ui::quickcalcs>},
-        NamedLayout{"specinfo", layOut<Ui::specinfo>},
+        NamedLayout{"vantstart", layOut<Ui::vantstart>},   NamedLayout{"eqpace", layOut<Ui::eqpace>},
+        NamedLayout{"powen", layOut<Ui::powen>},           NamedLayout{"pstrat", layOut<Ui::pstrat>},
+        NamedLayout{"quickcalcs", layOut<Ui::quickcalcs>}, NamedLayout{"specinfo", layOut<Ui::specinfo>},
         NamedLayout{"tmill", layOut<Ui::tmill>},
     };
 }

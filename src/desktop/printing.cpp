@@ -127,7 +127,7 @@ QImage imageOf(QWidget& window, const FormImage& form)
     return image;
 }
 
-Printer printerWithPreview(std::function<QWidget*(const std::string&)> windowOf)
+Printer printerWithPreview(const std::function<QWidget*(const std::string&)>& windowOf)
 {
     Printer printer;
     printer.printText = [windowOf](const std::vector<std::string>& lines) {

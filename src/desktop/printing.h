@@ -19,4 +19,4 @@ void paintImage(QPagedPaintDevice& device, const QImage& image);
 [[nodiscard]] QImage imageOf(QWidget& window, const FormImage& form);
 
 /// A printer behind Qt's preview and print dialog, for forms whose window `windowOf` finds.
-[[nodiscard]] Printer printerWithPreview(std::function<QWidget*(const std::string&)> windowOf);
+[[nodiscard]] Printer printerWithPreview(const std::function<QWidget*(const std::string&)>& windowOf);

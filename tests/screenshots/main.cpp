@@ -1,4 +1,4 @@
-// Takes a picture of the main window for the documentation, in a light or a dark palette. QT_SCALE_FACTOR scales it.
+// Takes a picture of a form's window for the documentation, in a light or a dark palette. QT_SCALE_FACTOR scales it.
 
 #include <iostream>
 #include <string>
@@ -38,12 +38,12 @@ namespace
         return dark;
     }
 
-    /// Opens the program on the settings in a folder, which it leaves as they are, and saves a picture of its window.
-    bool takePicture(const std::string& folder, const QString& path)
+    /// Opens the program and a form on the settings in a folder, which it leaves as they are, and saves a picture of the
+    /// form's window.
+    bool takePicture(const std::string& folder, const QString& path, const std::string& form)
     {
         bool asExpected = true;
         Windows windows;
-        FormWindow& window = *windows.windowOf("vantstart");
         Dialogs dialogs;
         dialogs.message = [&asExpected](const Message& message) {
             std::cerr << message.text << '\n';
@@ -54,25 +54,29 @@ namespace
             asExpected = false;
         };
         Program program(dialogs, {}, folder);
-        window.resize(windowSize);
+        windows.windowOf("vantstart")->resize(windowSize);
         windows.show(program);
         start(program);
+        enter(program, "vantstart", false, [&] { openForm(program, form); });
+        FormWindow* const window = windows.windowOf(form);
+        if (!window)
+            return false;
         QApplication::processEvents();
-        return asExpected && windows.mismatches.isEmpty() && window.grab().save(path);
+        return asExpected && windows.mismatches.isEmpty() && window->grab().save(path);
     }
 }
 
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    const std::string palette = argc == 4 ? argv[2] : "";
+    const std::string palette = argc == 5 ? argv[2] : "";
     if (palette != "light" && palette != "dark")
     {
-        std::cerr << "Usage: vantelos-screenshots SETTINGS-FOLDER light|dark PNG-FILE\n";
+        std::cerr << "Usage: vantelos-screenshots SETTINGS-FOLDER light|dark PNG-FILE FORM\n";
         return 2;
     }
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setPalette(palette == "dark" ? darkPalette() : lightPalette());
     QApplication::setCursorFlashTime(0);   // the same picture every time
-    return takePicture(argv[1], argv[3]) ? 0 : 1;
+    return takePicture(argv[1], argv[3], argv[4]) ? 0 : 1;
 }
