@@ -1,11 +1,26 @@
-// Prints for each Re-Calculate how often it calls each elementary function: the counts in the order of
-// ElementaryCall, then the name.
+// Prints for each timed action how often it calls each elementary function: the counts in the order of ElementaryCall,
+// then the name.
 
 #include <iostream>
 
+#include "analyses.h"
 #include "model/arithmetic.h"
 #include "prediction/calculate.h"
 #include "scenarios.h"
+
+namespace
+{
+    template <class Action>
+    void printCounts(const std::string& name, Action run)
+    {
+        run();
+        callCounts.fill(0);
+        run();
+        for (const long long count : callCounts)
+            std::cout << count << ' ';
+        std::cout << name << '\n';
+    }
+}
 
 int main()
 {
@@ -14,11 +29,8 @@ int main()
         ModelState state;
         CalculationResults results;
         Messages messages;
-        recalculate(state, scenario.input, results, messages);
-        callCounts.fill(0);
-        recalculate(state, scenario.input, results, messages);
-        for (const long long count : callCounts)
-            std::cout << count << ' ';
-        std::cout << scenario.name << '\n';
+        printCounts(scenario.name, [&] { recalculate(state, scenario.input, results, messages); });
     }
+    for (const ShownForm& shown : analyses())
+        printCounts(shown.name, shown.show);
 }

@@ -125,6 +125,7 @@ int main(int argumentCount, char** arguments)
 {
     registerElementaryFunctions();
     registerRecalculations();
+    registerAnalyses();
     registerRoster();
     registerStarts();
     benchmark::Initialize(&argumentCount, arguments);

@@ -11,5 +11,6 @@ void setTarget(const std::string& row, double milliseconds);
 void registerElementaryFunctions();
 
 void registerRecalculations();
+void registerAnalyses();
 void registerRoster();
 void registerStarts();

@@ -24,7 +24,10 @@ namespace
 
     Json shapeOf(const TextPrimitive& text)
     {
-        return {{"text", text.text}, {"at", {text.at.x, text.at.y}}};
+        Json json{{"text", text.text}, {"at", {text.at.x, text.at.y}}};
+        if (text.size != 0)
+            json["size"] = text.size;
+        return json;
     }
 
     Json primitiveJson(const Primitive& primitive)

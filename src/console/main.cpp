@@ -6,6 +6,7 @@
 #include "console/call_command.h"
 #include "console/drive_command.h"
 #include "console/predict_command.h"
+#include "console/report_command.h"
 
 namespace
 {
@@ -18,6 +19,7 @@ namespace
         app.set_version_flag("--version", "Vantelos " VANTELOS_VERSION);
         app.require_subcommand(1);
         addPredict(app, status);
+        addReports(app, status);
         addCall(app, status);
         addDrive(app, status);
         try

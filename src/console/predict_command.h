@@ -2,8 +2,8 @@
 
 #include <iosfwd>
 #include <string>
-#include <utility>
-#include <vector>
+
+#include "console/runner_options.h"
 
 namespace CLI
 {
@@ -13,13 +13,10 @@ namespace CLI
 enum class PredictFormat { text, csv, json };
 
 /// The command line of `predict`.
-struct PredictOptions
+struct PredictOptions : RunnerOptions
 {
-    std::vector<std::pair<std::string, std::string>> entries;   // key of `entryNames` and text, as typed
-    std::string from;                                           // runner file
-    std::string roster;                                         // CSV file, or "-" for standard input
+    std::string roster;   // CSV file, or "-" for standard input
     PredictFormat format = PredictFormat::text;
-    double limitSeconds = 10;   // for one runner's searches, > 0
 };
 
 /// Runs `predict`: one runner's table, or a roster's.

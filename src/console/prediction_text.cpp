@@ -27,37 +27,6 @@ namespace
         return line + '\n';
     }
 
-    /// The entries that the prediction went by, defaults included, under the keys of a runner file.
-    Json runnerJson(const RunnerEntries& entries, const PredictionRun& run)
-    {
-        Json runner = Json::object();
-        runner["races"] = Json::array();
-        for (const RaceEntry& race : entries.races)
-            runner["races"].push_back(race.text);
-        runner["age"] = printable(run.input.age);
-        runner["sex"] = run.input.sex == SexChoice::female ? "f" : "m";
-        runner["miles"] = run.input.weeklyMiles;
-        runner["kg-weight"] = run.state.runner.weightKg;
-        runner["cm-height"] = run.state.runner.heightCm;
-        runner["best-two"] = entries.bestTwo.value_or(false);
-        runner["english"] = entries.english.value_or(false);
-        runner["all-distances"] = entries.allDistances.value_or(false);
-        runner["level"] = run.input.comparisonLevel / 10.0;
-        runner["age-compare"] = entries.ageCompare.value_or(false);
-        runner["distances"] = Json::array();
-        for (const DistanceEntry& added : entries.distances)
-            runner["distances"].push_back(added.text);
-        return runner;
-    }
-
-    Json messagesJson(const Messages& messages)
-    {
-        Json list = Json::array();
-        for (const Message& message : messages)
-            list.push_back({{"text", message.text}, {"title", message.title}});
-        return list;
-    }
-
     Json curveJson(const Curve& curve)
     {
         return {{"aerobicPower", curve.aerobicPower}, {"anaerobicEnergy", curve.anaerobicEnergy},
@@ -108,6 +77,39 @@ std::string csvTable(const Prediction& prediction)
     for (const PredictedRow& row : rowsOf(prediction))
         table += csvRow(row);
     return table;
+}
+
+nlohmann::ordered_json runnerJson(const RunnerEntries& entries, const PredictionRun& run)
+{
+    Json runner = Json::object();
+    runner["races"] = Json::array();
+    for (const RaceEntry& race : entries.races)
+        runner["races"].push_back(race.text);
+    runner["age"] = printable(run.input.age);
+    runner["sex"] = run.input.sex == SexChoice::female ? "f" : "m";
+    runner["miles"] = run.input.weeklyMiles;
+    runner["name"] = printable(run.state.runner.runnerName);
+    runner["max-hr"] = run.state.runner.maxHr;
+    runner["rest-hr"] = run.state.runner.restHr;
+    runner["kg-weight"] = run.state.runner.weightKg;
+    runner["cm-height"] = run.state.runner.heightCm;
+    runner["best-two"] = entries.bestTwo.value_or(false);
+    runner["english"] = entries.english.value_or(false);
+    runner["all-distances"] = entries.allDistances.value_or(false);
+    runner["level"] = run.input.comparisonLevel / 10.0;
+    runner["age-compare"] = entries.ageCompare.value_or(false);
+    runner["distances"] = Json::array();
+    for (const DistanceEntry& added : entries.distances)
+        runner["distances"].push_back(added.text);
+    return runner;
+}
+
+nlohmann::ordered_json messagesJson(const Messages& messages)
+{
+    Json list = Json::array();
+    for (const Message& message : messages)
+        list.push_back({{"text", message.text}, {"title", message.title}});
+    return list;
 }
 
 std::string jsonOf(const RunnerEntries& entries, const Prediction& prediction)

@@ -4,6 +4,9 @@
 #include <cmath>
 #include <limits>
 
+#include "analysis/distance_search.h"
+#include "analysis/heart_rates.h"
+#include "analysis/peak_distance.h"
 #include "model/arithmetic.h"
 #include "model/race_time.h"
 #include "model/record_curve.h"
@@ -192,6 +195,25 @@ namespace
         return constantSlopeTime(state, numberAt(words, 0), numberAt(words, 1));
     }
 
+    Json callHrAtSpeed(ModelState& state, const Words& words)
+    {
+        if (words.size() == 1)
+            return hrAtSpeed(state, numberAt(words, 0));
+        return hrAtSpeed(numberAt(words, 0), numberAt(words, 1), numberAt(words, 2), numberAt(words, 3),
+                         numberAt(words, 4), numberAt(words, 5), numberAt(words, 6), numberAt(words, 7));
+    }
+
+    Json callDistanceFor(ModelState& state, const Words& words)
+    {
+        const FoundDistance found = distanceFor(state, numberAt(words, 0), numberAt(words, 1));
+        return {{"distance", found.distance}, {"time", found.time}, {"speed", found.speed}};
+    }
+
+    Json callPeakDistance(ModelState& state, const Words& words)
+    {
+        return peakDistance(state, words.empty() ? state.results.speedRatio : numberAt(words, 0));
+    }
+
     struct WordCount
     {
         std::size_t least = 0, most = 0;
@@ -248,6 +270,11 @@ const std::vector<PureFunction>& pureFunctions()
         {"slopeSpeedForLevel", "grade levelSpeed", callSlopeSpeedForLevel},
         {"rawSpeedAt", "distance", callRawSpeedAt},
         {"constantSlopeTime", "distance slope", callConstantSlopeTime},
+        {"hrAtSpeed", "speed", callHrAtSpeed},
+        {"hrAtSpeed", "speed aerobicTrainSpeed thresholdSpeed vo2maxSpeed restHr aerobicHr thresholdHr maxHr",
+         callHrAtSpeed},
+        {"distanceFor", "target seed", callDistanceFor},
+        {"peakDistance", "[speedRatio]", callPeakDistance},
     };
     return functions;
 }

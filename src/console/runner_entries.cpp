@@ -5,6 +5,7 @@
 
 #include "console/words.h"
 #include "model/arithmetic.h"
+#include "model/text.h"
 
 namespace
 {
@@ -46,6 +47,12 @@ namespace
     Wrong setAge(RunnerEntries& entries, std::string_view text)
     {
         entries.age = text;
+        return std::nullopt;
+    }
+
+    Wrong setName(RunnerEntries& entries, std::string_view text)
+    {
+        entries.name = text;
         return std::nullopt;
     }
 
@@ -129,6 +136,11 @@ const std::array<EntryName, entryNameCount> entryNames{{
     {"age", EntryKind::numberOrText, false, "YEARS", "The runner's age, fractions allowed", setAge},
     {"sex", EntryKind::text, false, "m|f", "m (the default) or f", setSex},
     {"miles", EntryKind::number, false, "MILES", "Miles run in a usual week, 0 to 150; 20 unless given", setMiles},
+    {"name", EntryKind::text, false, "NAME", "The runner's name, for reports; Joe Runner unless given", setName},
+    {"max-hr", EntryKind::number, false, "BEATS", "Maximum heart rate, for the training analysis; 180 unless given",
+     setPositive<&RunnerEntries::maxHr>},
+    {"rest-hr", EntryKind::number, false, "BEATS", "Resting heart rate, for the training analysis; 60 unless given",
+     setPositive<&RunnerEntries::restHr>},
     {"kg-weight", EntryKind::number, false, "KG", "Weight in kilograms; 72.7 unless given",
      setPositive<&RunnerEntries::kgWeight>},
     {"cm-height", EntryKind::number, false, "CM", "Height in centimeters; 178 unless given",
@@ -171,6 +183,9 @@ RunnerEntries overlaid(const RunnerEntries& lower, const RunnerEntries& upper)
     replaceBy(both.age, upper.age);
     replaceBy(both.sex, upper.sex);
     replaceBy(both.miles, upper.miles);
+    replaceBy(both.name, upper.name);
+    replaceBy(both.maxHr, upper.maxHr);
+    replaceBy(both.restHr, upper.restHr);
     replaceBy(both.kgWeight, upper.kgWeight);
     replaceBy(both.cmHeight, upper.cmHeight);
     replaceBy(both.bestTwo, upper.bestTwo);
@@ -199,7 +214,14 @@ CalculationInput inputOf(const RunnerEntries& entries)
 void describeRunner(ModelState& state, const RunnerEntries& entries)
 {
     Runner& runner = state.runner;
+    const std::string age = entries.age.value_or("");
+    state.activity = "reading the age";
+    if (isNumeric(age))
+        runner.ageDistanceTerm = ageDistanceTermOf(val(age));   // which only a one-race fit works out by itself
     state.activity = "taking in the runner's weight and height";
+    runner.runnerName = entries.name.value_or(runner.runnerName);
+    runner.maxHr = entries.maxHr.value_or(standardMaxHr);
+    runner.restHr = entries.restHr.value_or(standardRestHr);
     runner.weightKg = entries.kgWeight.value_or(standardWeightKg);
     runner.heightCm = entries.cmHeight.value_or(standardHeightCm);
     runner.bodyDrag = bodyDragOf(runner.weightKg, runner.heightCm);

@@ -32,6 +32,9 @@ struct RunnerEntries
     std::optional<std::string> age;   // any text, as in the form
     std::optional<char> sex;          // 'm' or 'f'
     std::optional<int> miles;         // 0 to 150
+    std::optional<std::string> name;
+    std::optional<double> maxHr;   // beats a minute, > 0
+    std::optional<double> restHr;
     std::optional<double> kgWeight;   // > 0
     std::optional<double> cmHeight;   // > 0
     std::optional<bool> bestTwo;
@@ -55,7 +58,7 @@ struct EntryName
     std::optional<std::string> (*set)(RunnerEntries& entries, std::string_view text);
 };
 
-inline constexpr std::size_t entryNameCount = 12;
+inline constexpr std::size_t entryNameCount = 15;
 extern const std::array<EntryName, entryNameCount> entryNames;
 
 /// Adds what a text says under a key of `entryNames`.
@@ -72,6 +75,11 @@ extern const std::array<EntryName, entryNameCount> entryNames;
 /// The entries of the main form; what is absent has the form's own default, except for the fit, which is all data.
 [[nodiscard]] CalculationInput inputOf(const RunnerEntries& entries);
 
-/// Sets what is not read from the form by a calculation: weight, height, drag and age comparison.
-/// Faults: weight and height that are too far apart.
+/// What stands for heart rates that nobody has entered, as at the start of the windows.
+inline constexpr double standardMaxHr = 180;   // beats a minute
+inline constexpr double standardRestHr = 60;
+
+/// Sets what is not read from the form by a calculation: name, weight, height, drag, heart rates, age comparison, and
+/// the miles that the age stands for.
+/// Faults: weight and height that are too far apart, an age that is too large.
 void describeRunner(ModelState& state, const RunnerEntries& entries);

@@ -123,7 +123,8 @@ struct PointPrimitive
 struct TextPrimitive
 {
     std::string text;
-    Point at;
+    Point at;          // its left upper corner
+    double size = 0;   // height of a line of it is about 1.1 of this, in picture units; 0: as the surface has it
 };
 
 /// One thing drawn on a picture, in the picture's units.

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "model/long_loop.h"
 #include "model/one_based.h"
@@ -154,6 +155,34 @@ struct Special
     SpecialEntries entries;   // of the latest run that got as far as its level line
 };
 
+/// What the training analysis leaves. Speeds in m/s, heart rates in beats a minute.
+struct Training
+{
+    double aerobicTrainSpeed = 0;   // fully aerobic training
+    double thresholdSpeed = 0;      // anaerobic threshold
+    double vo2maxSpeed = 0;
+    double vo2maxSpeedTop = 0;   // 0.98 of it
+    double intervalSpeed = 0;    // 0.96 of it: slow end of efforts of 3 to 5 minutes
+    double vo2max = 0;           // ml/kg/min
+    double repSlowTime = 0;      // s, 400 m repetitions
+    double repFastTime = 0;
+    double repSlowSpeed = 0;
+    double repFastSpeed = 0;
+    double time10k = 0;    // s, the curve's
+    double peakSeed = 0;   // km, where the search for the peak distance begins
+    double aerobicHr = 0, aerobicHrLow = 0, aerobicHrHigh = 0;
+    double thresholdHr = 0, thresholdHrLow = 0, thresholdHrHigh = 0;
+    double aerobicSpeedLow = 0, aerobicSpeedHigh = 0;   // the speeds at the ends of the heart rate zones
+    double thresholdSpeedLow = 0, thresholdSpeedHigh = 0;
+};
+
+/// Samples of the heart rate graph, index 0 to 4500: speed (m/s), heart rate, and place across the picture. A new
+/// graph writes over the old one's from the start, so that samples of a longer old one stay behind it.
+struct HeartRateSamples
+{
+    std::vector<double> curveSpeed, curveHr, curveX;   // as long as the longest graph so far
+};
+
 struct ModelState
 {
     Runner runner;
@@ -165,6 +194,8 @@ struct ModelState
     Incline incline;
     SlopeTools slopeTools;
     Special special;
+    Training training;
+    HeartRateSamples heartRateSamples;
 
     std::string activity;   // what is under way, for the words of a fault: "fitting the race over 5000 m"
     GoOn goOn;              // asked in very long loops

@@ -8,6 +8,7 @@
 #include "model/record_curve.h"
 #include "model/text.h"
 #include "model/units.h"
+#include "prediction/specialty.h"
 
 namespace
 {
@@ -68,17 +69,6 @@ namespace
     void settleEnergy(ModelState& state, const Fit& fit)
     {
         state.curve.anaerobicEnergy = checked(fit.raceEnergy - state.curve.aerobicPower * fit.refTime);
-    }
-
-    /// 120 * (1.15 - ratio), squared, where the ratio of a distance runner is below 1.15.
-    double enduranceExtra(double speedRatio)
-    {
-        return speedRatio < 1.15 ? square(120 * (1.15 - speedRatio)) : 0;
-    }
-
-    double specialtyAt(double speedRatio)
-    {
-        return exponential(14.6 - 10.83 * speedRatio);
     }
 
     /// Distance of peak performance that the curve suggests, km. Writes curDistance, level and speedRatioAdj.

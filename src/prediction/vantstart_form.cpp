@@ -169,10 +169,11 @@ namespace
         form.outside.openForm(form.Command3.opens);
     }
 
-    void openReport(VantstartForm& form, int reportToFile)
+    void startReport(VantstartForm& form, int reportToFile)
     {
         form.state.flags.reportToFile = reportToFile;
-        form.outside.openForm(form.pfull.opens);
+        if (form.fullReport)
+            form.fullReport();
     }
 
     void nameRow(RaceControls& race, int i)
@@ -266,8 +267,8 @@ namespace
         form.lin3.clicked = [&form] { chooseScale(form, 3, form.lin3); };
         form.metric.clicked = [&form] { chooseUnits(form, 'm'); };
         form.english.clicked = [&form] { chooseUnits(form, 'e'); };
-        form.pfull.clicked = [&form] { openReport(form, 0); };
-        form.tfile.clicked = [&form] { openReport(form, 1); };
+        form.pfull.clicked = [&form] { startReport(form, 0); };
+        form.tfile.clicked = [&form] { startReport(form, 1); };
     }
 
     /// Every control once, in reading order.

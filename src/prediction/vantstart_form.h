@@ -31,6 +31,7 @@ struct VantstartForm
     ModelState& state;
     Outside& outside;
     CalculationResults results;   // what the latest runs left to be shown
+    Event fullReport = {};        // pfull and tfile: the report to where reportToFile says
 
     TextBox txtname{{.name = "txtname", .caption = "Runner's Name:", .tip = "Printed on reports"}, "Joe Runner"};
     TextBox txtage{{.name = "txtage", .caption = "Age:", .tip = "Age in years, 5 to 100 as a rule; fractions allowed"}};
@@ -150,9 +151,8 @@ struct VantstartForm
     MenuItem english{{.name = "english", .caption = "English"}, "units"};
     MenuItem printMenu{{.name = "print", .caption = "Print"}};
     MenuItem ppinfo{{.name = "ppinfo", .caption = "Information on printing"}, "print", false, {}, "helpform"};
-    MenuItem pfull{{.name = "pfull", .caption = "Full report", .enabled = false}, "print", false, {}, "fullreport"};
-    MenuItem tfile{
-        {.name = "tfile", .caption = "Text file of full report", .enabled = false}, "print", false, {}, "fullreport"};
+    MenuItem pfull{{.name = "pfull", .caption = "Full report", .enabled = false}, "print"};
+    MenuItem tfile{{.name = "tfile", .caption = "Text file of full report", .enabled = false}, "print"};
     MenuItem helpMenu{{.name = "help", .caption = "Help"}};
     MenuItem proghelp{{.name = "proghelp", .caption = "Help"}, "help", false, {}, "vanthelp"};
     MenuItem refs{{.name = "refs", .caption = "References"}, "help", false, {}, "refform"};

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <optional>
+#include <system_error>
 #include <utility>
 
 #include "forms/files.h"
 #include "forms/on_leaving.h"
 #include "program/power_places.h"
+#include "program/analysis_forms.h"
 
 namespace
 {
@@ -62,6 +64,13 @@ namespace
         place.drop();
     }
 
+    /// A folder as it is named from the root, or as it is where the current one is gone.
+    std::filesystem::path fromRoot(const std::filesystem::path& folder)
+    {
+        std::error_code ignored;
+        return (std::filesystem::current_path(ignored) / folder / "").lexically_normal().parent_path();
+    }
+
     /// Writes the settings, as often as the runner asks for. Returns when they are written or given up.
     void saveSettings(Program& program)
     {
@@ -79,7 +88,7 @@ namespace
 }
 
 Program::Program(Dialogs dialogs, Printer printer, std::filesystem::path settingsFolder)
-    : folder(std::move(settingsFolder))
+    : folder(std::move(settingsFolder)), startFolder(fromRoot(folder)), currentFolder(folder)
 {
     outside.dialogs = std::move(dialogs);
     outside.printer = std::move(printer);
@@ -89,6 +98,7 @@ Program::Program(Dialogs dialogs, Printer printer, std::filesystem::path setting
     setLoadDefaults(*vantstart);
     for (const FormPlace& place : powerPlaces(*this))
         forms.push_back(place);
+    addAnalysisForms(*this);
 }
 
 void start(Program& program)

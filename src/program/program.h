@@ -37,6 +37,8 @@ struct Program
     StoredState stored;
     Outside outside;
     std::filesystem::path folder;
+    std::filesystem::path startFolder;          // the same, from the root: how messages name it
+    std::filesystem::path currentFolder;        // where the report is written: the folder, until another is chosen
     std::unique_ptr<VantstartForm> vantstart;   // absent once the program has ended
     std::vector<FormPlace> forms;               // all others by name
     std::vector<std::string> closing;           // forms to be unloaded when the event under way has ended

@@ -167,6 +167,32 @@ namespace
                 number("paceDivisor", &ModelState::special, &Special::paceDivisor)};
     }
 
+    std::vector<StateName> trainingNames()
+    {
+        return {number("aerobicTrainSpeed", &ModelState::training, &Training::aerobicTrainSpeed),
+                number("thresholdSpeed", &ModelState::training, &Training::thresholdSpeed),
+                number("vo2maxSpeed", &ModelState::training, &Training::vo2maxSpeed),
+                number("vo2maxSpeedTop", &ModelState::training, &Training::vo2maxSpeedTop),
+                number("intervalSpeed", &ModelState::training, &Training::intervalSpeed),
+                number("vo2max", &ModelState::training, &Training::vo2max),
+                number("repSlowTime", &ModelState::training, &Training::repSlowTime),
+                number("repFastTime", &ModelState::training, &Training::repFastTime),
+                number("repSlowSpeed", &ModelState::training, &Training::repSlowSpeed),
+                number("repFastSpeed", &ModelState::training, &Training::repFastSpeed),
+                number("time10k", &ModelState::training, &Training::time10k),
+                number("peakSeed", &ModelState::training, &Training::peakSeed),
+                number("aerobicHr", &ModelState::training, &Training::aerobicHr),
+                number("aerobicHrLow", &ModelState::training, &Training::aerobicHrLow),
+                number("aerobicHrHigh", &ModelState::training, &Training::aerobicHrHigh),
+                number("thresholdHr", &ModelState::training, &Training::thresholdHr),
+                number("thresholdHrLow", &ModelState::training, &Training::thresholdHrLow),
+                number("thresholdHrHigh", &ModelState::training, &Training::thresholdHrHigh),
+                number("aerobicSpeedLow", &ModelState::training, &Training::aerobicSpeedLow),
+                number("aerobicSpeedHigh", &ModelState::training, &Training::aerobicSpeedHigh),
+                number("thresholdSpeedLow", &ModelState::training, &Training::thresholdSpeedLow),
+                number("thresholdSpeedHigh", &ModelState::training, &Training::thresholdSpeedHigh)};
+    }
+
     std::vector<StateName> tableNames()
     {
         const auto times = [](const ModelState& state) -> StateValue {
@@ -190,7 +216,8 @@ const std::vector<StateName>& stateNames()
     static const std::vector<StateName> names = [] {
         std::vector<StateName> all;
         for (const std::vector<StateName>& some :
-             {runnerNames(), raceNames(), curveNames(), resultNames(), flagNames(), tableNames(), slopeNames()})
+             {runnerNames(), raceNames(), curveNames(), resultNames(), flagNames(), tableNames(), slopeNames(),
+              trainingNames()})
             all.insert(all.end(), some.begin(), some.end());
         return all;
     }();

@@ -541,13 +541,27 @@ namespace
     {
         const Outcome outcome =
             console("predict --race '5000 m 20:00' --race='10 km 43:00' --age 40 --sex f --miles 30 "
+                    "--name 'Jo Doe' --max-hr 185 --rest-hr 50 "
                     "--kg-weight 60 --cm-height 170 --best-two --english --level 90.5 --age-compare "
                     "--format json --distance '15 km' --distance half --limit 5");
         EXPECT_EQ(outcome.status, 0) << outcome.errors;
         const json expected = json::parse(R"({"races": ["5000 m 20:00", "10 km 43:00"], "age": "40", "sex": "f",
-            "miles": 30, "kg-weight": 60, "cm-height": 170, "best-two": true, "english": true, "all-distances": false,
-            "level": 90.5, "age-compare": true, "distances": ["15 km", "half"]})");
+            "miles": 30, "name": "Jo Doe", "max-hr": 185, "rest-hr": 50, "kg-weight": 60, "cm-height": 170, "best-two": true, "english": true,
+            "all-distances": false, "level": 90.5, "age-compare": true, "distances": ["15 km", "half"]})");
         EXPECT_EQ(json::parse(outcome.out)["runner"], expected);
+    }
+
+    TEST(ConsoleProgram, ReportsAndAnalyses)
+    {
+        const std::string runner = " --race '10 km 40:00' --age 40 --miles 30 --max-hr 185 --rest-hr 50 --limit 5";
+        const Outcome report = console("report" + runner);
+        EXPECT_EQ(report.status, 0) << report.errors;
+        EXPECT_EQ(linesIn(report.out).size(), 60U);
+        const Outcome analysis = console("analysis --format json" + runner);
+        EXPECT_EQ(analysis.status, 0) << analysis.errors;
+        EXPECT_EQ(json::parse(analysis.out)["lines"].size(), 22U);
+        EXPECT_EQ(console("report --format csv" + runner).status, 2);
+        EXPECT_EQ(console("analysis --roster team.csv").status, 2);
     }
 
     TEST(ConsoleProgram, TakesANegativeAgeAndAFlagTakenBack)

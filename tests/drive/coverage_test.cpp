@@ -20,22 +20,21 @@ namespace
     struct Touched
     {
         std::set<std::string> words;
-        std::set<std::string> used;     // "click Command1": word and control, without the row of a control array
+        std::set<std::string> used;     // "click vantstart.Check1": word and control, without a control array's row
         std::set<std::string> called;   // "raceTimeAt 1": function and how many arguments
         std::set<std::string> got;      // "state.age"
     };
 
     std::string withoutRow(const std::string& control)
     {
-        const std::string name = control.substr(control.find('.') + 1);
-        return name.substr(0, name.find('('));
+        return control.substr(0, control.find('('));
     }
 
     void touch(Touched& touched, ScriptLine line)
     {
         const std::string word = line.word("a word");
         touched.words.insert(word);
-        if (word == "set" || word == "drag" || word == "click")
+        if (word == "set" || word == "drag" || word == "click" || word == "move")
             touched.used.insert(word + " " + withoutRow(line.word("a control")));
         else if (word == "get")
             touched.got.insert(line.word("a name"));
@@ -78,14 +77,42 @@ namespace
         }
     };
 
-    TEST(EveryScriptTogether, UsesEveryControlOfTheMainForm)
+    void expectUsed(const Touched& touched, const Form& form)
+    {
+        for (const ControlRef& control : form.controls)
+            for (const std::string& word : std::visit(Uses{}, control))
+            {
+                const std::string used = word + " " + withoutRow(form.name + "." + common(control).name);
+                EXPECT_TRUE(touched.used.contains(used)) << "no script has: " << used;
+            }
+    }
+
+    TEST(EveryScriptTogether, UsesEveryControlOfEveryForm)
     {
         const Touched touched = touchedByScripts();
         Program program({}, {}, "");
-        for (const ControlRef& control : program.vantstart->form.controls)
-            for (const std::string& word : std::visit(Uses{}, control))
-                EXPECT_TRUE(touched.used.contains(word + " " + withoutRow("vantstart." + common(control).name)))
-                    << "no script has: " << word << " vantstart." << common(control).name;
+        expectUsed(touched, program.vantstart->form);
+        for (const FormPlace& place : program.forms)
+        {
+            place.build();
+            expectUsed(touched, *place.find());
+        }
+    }
+
+    TEST(EveryScriptTogether, MovesTheMouseOverEveryPictureThatTakesIt)
+    {
+        const Touched touched = touchedByScripts();
+        Program program({}, {}, "");
+        for (const FormPlace& place : program.forms)
+        {
+            place.build();
+            for (const ControlRef& control : place.find()->controls)
+                if (Picture* const* picture = std::get_if<Picture*>(&control); picture && (**picture).moved)
+                {
+                    const std::string used = "move " + place.find()->name + "." + (**picture).name;
+                    EXPECT_TRUE(touched.used.contains(used)) << "no script has: " << used;
+                }
+        }
     }
 
     TEST(EveryScriptTogether, HasEveryWord)

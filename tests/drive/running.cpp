@@ -6,6 +6,17 @@
 #include "forms/on_leaving.h"
 #include "support/scratch_folder.h"
 
+namespace
+{
+    /// The output with the folder's path, which no two runs share, as FOLDER.
+    std::string withoutPath(std::string output, const std::string& path)
+    {
+        for (std::size_t at = output.find(path); at != std::string::npos; at = output.find(path, at))
+            output.replace(at, path.size(), "FOLDER");
+        return output;
+    }
+}
+
 ScriptRun runScript(const std::string& script, double limitSeconds)
 {
     const ScratchFolder folder;
@@ -15,5 +26,5 @@ ScriptRun runScript(const std::string& script, double limitSeconds)
     std::istringstream in(script);
     std::ostringstream out;
     const int status = drive(in, out, limitSeconds);
-    return {out.str(), status};
+    return {withoutPath(out.str(), folder.path.string()), status};
 }

@@ -11,5 +11,5 @@ struct ScriptRun
     int status = 0;
 };
 
-/// Runs a script in a fresh folder, which is gone afterwards.
+/// Runs a script in a fresh folder, which is gone afterwards; its path stands in the output as FOLDER.
 [[nodiscard]] ScriptRun runScript(const std::string& script, double limitSeconds = defaultLimitSeconds);

@@ -10,7 +10,7 @@ struct MainForm
 {
     ScratchFolder folder;
     RecordedOutside outside;
-    Program program{outside.dialogs(), {}, folder.path};
+    Program program{outside.dialogs(), outside.printer(), folder.path};
     Person person{program};
 
     [[nodiscard]] VantstartForm& form() { return *program.vantstart; }

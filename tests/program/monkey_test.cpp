@@ -102,7 +102,7 @@ namespace
         void startAnew()
         {
             last = "start";
-            program = std::make_unique<Program>(outside.dialogs(), Printer{}, folder.path);
+            program = std::make_unique<Program>(outside.dialogs(), outside.printer(), folder.path);
             program->state.goOn = [this] { return ++asked < 10; };   // a bound that does not depend on the machine
             start(*program);
         }

@@ -63,7 +63,29 @@ namespace
                                          "calculatedOnce",
                                          "reportToFile",
                                          "graphScale",
-                                         "unitsMode"};
+                                         "unitsMode",
+                                         "aerobicTrainSpeed",
+                                         "thresholdSpeed",
+                                         "vo2maxSpeed",
+                                         "vo2maxSpeedTop",
+                                         "intervalSpeed",
+                                         "vo2max",
+                                         "repSlowTime",
+                                         "repFastTime",
+                                         "repSlowSpeed",
+                                         "repFastSpeed",
+                                         "time10k",
+                                         "peakSeed",
+                                         "aerobicHr",
+                                         "aerobicHrLow",
+                                         "aerobicHrHigh",
+                                         "thresholdHr",
+                                         "thresholdHrLow",
+                                         "thresholdHrHigh",
+                                         "aerobicSpeedLow",
+                                         "aerobicSpeedHigh",
+                                         "thresholdSpeedLow",
+                                         "thresholdSpeedHigh"};
 
     std::string textOf(const StateValue& value)
     {

@@ -18,6 +18,8 @@ struct RecordedOutside
     Messages messages;
     Messages questions;
     std::vector<FaultReport> faults;
+    std::vector<std::vector<std::string>> printedTexts;
+    std::vector<FormImage> printedForms;
 
     [[nodiscard]] Dialogs dialogs()
     {
@@ -43,6 +45,20 @@ struct RecordedOutside
         return dialogs;
     }
 
+    [[nodiscard]] Printer printer()
+    {
+        Printer printer;
+        printer.printText = [this](const std::vector<std::string>& lines) {
+            events.push_back("print: " + std::to_string(lines.size()) + " lines");
+            printedTexts.push_back(lines);
+        };
+        printer.printForm = [this](const FormImage& image) {
+            events.push_back("print: " + image.form);
+            printedForms.push_back(image);
+        };
+        return printer;
+    }
+
     [[nodiscard]] std::size_t countOf(const std::string& messageText) const
     {
         const auto isIt = [&](const Message& message) { return message.text == messageText; };
@@ -55,5 +71,7 @@ struct RecordedOutside
         messages.clear();
         questions.clear();
         faults.clear();
+        printedTexts.clear();
+        printedForms.clear();
     }
 };
