@@ -63,7 +63,26 @@ namespace
                                          "calculatedOnce",
                                          "reportToFile",
                                          "graphScale",
-                                         "unitsMode"};
+                                         "unitsMode",
+                                         "indoorMode",
+                                         "windSpeed",
+                                         "slopeDirection",
+                                         "zeroPowerFlag",
+                                         "curSpeed",
+                                         "slopeValue",
+                                         "tmillMode",
+                                         "tmillDisplay",
+                                         "hillScale",
+                                         "gradeDefinition",
+                                         "analysisMode",
+                                         "slope",
+                                         "windBase",
+                                         "evenPace",
+                                         "fastHalfPace",
+                                         "aerobicHalfPace",
+                                         "pacingCentre",
+                                         "pacingArea",
+                                         "paceDivisor"};
 
     std::string textOf(const StateValue& value)
     {
