@@ -127,6 +127,7 @@ int main(int argumentCount, char** arguments)
     registerRecalculations();
     registerRoster();
     registerStarts();
+    registerTools();
     benchmark::Initialize(&argumentCount, arguments);
     if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments))
         return 2;

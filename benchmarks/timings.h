@@ -13,3 +13,4 @@ void registerElementaryFunctions();
 void registerRecalculations();
 void registerRoster();
 void registerStarts();
+void registerTools();
