@@ -7,6 +7,7 @@
 #include "model/arithmetic.h"
 #include "prediction/calculate.h"
 #include "scenarios.h"
+#include "tool_scenarios.h"
 
 namespace
 {
@@ -30,6 +31,11 @@ int main()
         CalculationResults results;
         Messages messages;
         printCounts(scenario.name, [&] { recalculate(state, scenario.input, results, messages); });
+    }
+    for (const ToolScenario& scenario : toolActions())
+    {
+        ModelState state = runnerOf40Minutes();
+        printCounts(scenario.name, [&] { scenario.act(state); });
     }
     for (const ShownForm& shown : analyses())
         printCounts(shown.name, shown.show);

@@ -128,6 +128,7 @@ int main(int argumentCount, char** arguments)
     registerAnalyses();
     registerRoster();
     registerStarts();
+    registerTools();
     benchmark::Initialize(&argumentCount, arguments);
     if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments))
         return 2;

@@ -14,3 +14,4 @@ void registerRecalculations();
 void registerAnalyses();
 void registerRoster();
 void registerStarts();
+void registerTools();

@@ -5,6 +5,7 @@
 
 #include "console/call_command.h"
 #include "console/drive_command.h"
+#include "console/effort_command.h"
 #include "console/predict_command.h"
 #include "console/report_command.h"
 
@@ -22,6 +23,7 @@ namespace
         addReports(app, status);
         addCall(app, status);
         addDrive(app, status);
+        addEffort(app, status);
         try
         {
             app.parse(argc, argv);

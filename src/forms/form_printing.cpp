@@ -15,7 +15,8 @@ void printForm(Outside& outside, const Form& form, const std::vector<Button*>& b
         const OnLeaving bringThemBack([&] { show(true); });
         show(false);
         redraw();
-        outside.printer.printForm(image);
+        if (outside.printer.printForm)
+            outside.printer.printForm(image);
     }
     redraw();
 }

@@ -5,7 +5,7 @@
 inline constexpr double metresPerMile = 1609.344;   // m, exact
 inline constexpr double yardsPerMile = 1760;
 inline constexpr double metresPerYard = metresPerMile / yardsPerMile;
-inline constexpr double kilometresPerMile = 1.609344;       // exact
+inline constexpr double kilometresPerMile = 1.609344;   // exact
 inline constexpr double metresPerKilometre = 1000;
 inline constexpr double secondsPerHour = 3600;
 inline constexpr double metresPerTrackLap = 400;            // m, the distance of "Per 400" paces

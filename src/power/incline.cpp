@@ -1,5 +1,6 @@
 #include "power/incline.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -45,28 +46,61 @@ namespace
         return march.step > 0 ? effort > march.target : effort < march.target;
     }
 
-    /// Goes ahead to three steps before a guess of the result, over points whose efforts need not be worked out: effort
-    /// grows with speed, by far more a step than it is rounded, so that where the target lies ahead of a point it
-    /// lies ahead of all points before it. The points themselves are those of the march, to the last bit.
-    void skipTo(ModelState& state, March& march, std::optional<double> guess)
+    /// A point of a march, and its effort.
+    struct Point
     {
-        constexpr double fastest = 1e4;   // m/s, up to which a step of effort is far above its rounding
-        if (!guess || std::abs(*guess) > fastest || std::abs(march.trial) > fastest)
-            return;
-        const double end = *guess - 3 * march.step;
-        double ahead = march.trial;
-        while (march.step > 0 ? ahead < end : ahead > end)
-            ahead = ahead + march.step;
-        if (ahead != march.trial && !hasPassed(march, levelEffort(state, ahead, march.levelAir)))
-            march.trial = ahead;
+        double trial = 0, effort = 0;
+    };
+
+    Point pointAt(ModelState& state, const March& march, double trial)
+    {
+        return {trial, levelEffort(state, trial, march.levelAir)};
     }
 
-    double marchUp(ModelState& state, const March& march)
+    /// The first of the march's points from `trial` on that is not before `end`, to the last bit as the march has it.
+    double pointNear(const March& march, double trial, double end)
+    {
+        while (march.step > 0 ? trial < end : trial > end)
+            trial = trial + march.step;
+        return trial;
+    }
+
+    /// A point of a march that has not passed its target, and no point before it has: the start, or one further on
+    /// where that is known without the efforts in between. Effort grows with speed, by far more a step than it is
+    /// rounded, so that where the target lies ahead of a point it lies ahead of all before it. And effort grows at
+    /// most as the third power of speed, so that the result lies beyond trial * (target / effort) ^ (1 / 3).
+    ///   guess  a guess of the result, if there is one
+    Point startOf(ModelState& state, const March& march, std::optional<double> guess)
+    {
+        constexpr double fastest = 1e6;   // m/s, up to which a step of effort is far above its rounding
+        constexpr double worthIt = 4;     // steps
+        if (std::abs(march.trial) > fastest || std::abs(state.runner.bodyDrag) < 1)   // or an effort could overflow
+            return pointAt(state, march, march.trial);
+        if (guess && std::abs(*guess) < fastest)
+        {
+            const Point ahead = pointAt(state, march, pointNear(march, march.trial, *guess - 2 * march.step));
+            if (!hasPassed(march, ahead.effort))
+                return ahead;
+        }
+        Point at = pointAt(state, march, march.trial);
+        while (at.effort > 0 && march.target > 0)
+        {
+            const double end = std::min(at.trial * std::cbrt(march.target / at.effort), fastest) - march.step;
+            if ((end - at.trial) / march.step < worthIt)
+                break;
+            const Point ahead = pointAt(state, march, pointNear(march, at.trial, end));
+            if (hasPassed(march, ahead.effort))
+                break;
+            at = ahead;
+        }
+        return at;
+    }
+
+    double marchUp(ModelState& state, const March& march, Point start)
     {
         LongLoop rounds(state.goOn);
-        double trial = march.trial;
+        auto [trial, p1] = start;
         double p0 = 0;
-        double p1 = levelEffort(state, trial, march.levelAir);
         for (;;)
         {
             rounds.nextRound();
@@ -81,12 +115,11 @@ namespace
         return checked((trial - marchStep) + quotient(marchStep * (march.target - p0), p1 - p0));
     }
 
-    double marchDown(ModelState& state, const March& march)
+    double marchDown(ModelState& state, const March& march, Point start)
     {
         LongLoop rounds(state.goOn);
-        double trial = march.trial;
+        auto [trial, p1] = start;
         double p0 = 0;
-        double p1 = levelEffort(state, trial, march.levelAir);
         for (;;)
         {
             rounds.nextRound();
@@ -113,9 +146,10 @@ namespace
         march.trial = mode > 0 ? speed - indoorHeadStart : speed;
         march.levelAir = mode == 2 ? 0 : 1;
         march.step = upwards ? marchStep : -marchStep;
-        if (upwards || march.target > 0)
-            skipTo(state, march, guess);
-        return upwards ? marchUp(state, march) : marchDown(state, march);
+        if (march.target <= 0)
+            guess.reset();   // the first pair decides
+        const Point start = startOf(state, march, guess);
+        return upwards ? marchUp(state, march, start) : marchDown(state, march, start);
     }
 }
 

@@ -11,19 +11,11 @@
 #include "analysis/graphform_form.h"
 #include "forms/files.h"
 #include "forms/on_leaving.h"
+#include "program/tool_place.h"
 
 namespace
 {
     constexpr const char* reportFileName = "fulltext.txt";
-
-    /// A place for forms of one kind, each built by `make`.
-    template <class Record, class Make>
-    FormPlace placeFor(std::string_view name, Make make)
-    {
-        const auto slot = std::make_shared<std::unique_ptr<Record>>();
-        return {name, [slot]() -> Form* { return *slot ? &(**slot).form : nullptr; }, [slot, make] { *slot = make(); },
-                [slot] { slot->reset(); }};
-    }
 
     ReportEntries reportEntriesOf(const VantstartForm& form)
     {
@@ -79,9 +71,8 @@ void writeFullReport(Program& program)
 void addAnalysisForms(Program& program)
 {
     program.vantstart->fullReport = [&program] { writeFullReport(program); };
-    program.forms.push_back(placeFor<AnaformForm>(
-        "anaform", [&program] { return std::make_unique<AnaformForm>(program.state, program.outside); }));
-    program.forms.push_back(placeFor<GraphformForm>("graphform", [&program] {
+    program.forms.push_back(plainToolPlace<AnaformForm>(program, "anaform"));
+    program.forms.push_back(toolPlace("graphform", emptySlot<GraphformForm>(), [&program] {
         return std::make_unique<GraphformForm>(program.state, program.outside, program.vantstart->HScroll2);
     }));
 }

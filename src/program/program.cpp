@@ -7,8 +7,8 @@
 
 #include "forms/files.h"
 #include "forms/on_leaving.h"
-#include "program/power_places.h"
 #include "program/analysis_forms.h"
+#include "program/power_forms.h"
 
 namespace
 {
@@ -96,9 +96,8 @@ Program::Program(Dialogs dialogs, Printer printer, std::filesystem::path setting
     outside.closeForm = [this](const std::string& name) { closeForm(*this, name); };
     vantstart = std::make_unique<VantstartForm>(state, outside);
     setLoadDefaults(*vantstart);
-    for (const FormPlace& place : powerPlaces(*this))
-        forms.push_back(place);
     addAnalysisForms(*this);
+    addPowerForms(*this);
 }
 
 void start(Program& program)

@@ -215,9 +215,8 @@ const std::vector<StateName>& stateNames()
 {
     static const std::vector<StateName> names = [] {
         std::vector<StateName> all;
-        for (const std::vector<StateName>& some :
-             {runnerNames(), raceNames(), curveNames(), resultNames(), flagNames(), tableNames(), slopeNames(),
-              trainingNames()})
+        for (const std::vector<StateName>& some : {runnerNames(), raceNames(), curveNames(), resultNames(), flagNames(),
+                                                   tableNames(), slopeNames(), trainingNames()})
             all.insert(all.end(), some.begin(), some.end());
         return all;
     }();

@@ -61,7 +61,10 @@ namespace
     /// How a person uses a control, as the words of a script; empty for what is only looked at.
     struct Uses
     {
-        std::vector<std::string> operator()(const TextBox*) const { return {"set"}; }
+        std::vector<std::string> operator()(const TextBox* box) const
+        {
+            return box->locked ? std::vector<std::string>{} : std::vector<std::string>{"set"};
+        }
         std::vector<std::string> operator()(const ScrollBar*) const { return {"set", "drag"}; }
         std::vector<std::string> operator()(const CheckBox*) const { return {"set", "click"}; }
         std::vector<std::string> operator()(const OptionButton*) const { return {"click"}; }

@@ -209,7 +209,7 @@ namespace
         ModelState state;
         int questions = 0;
         state.goOn = [&] { return ++questions < 3; };
-        EXPECT_EQ(faultOf([&] { (void)levelSpeedForSlope(state, 1e9, 400); }),
+        EXPECT_EQ(faultOf([&] { (void)levelSpeedForSlope(state, 1e14, 4000); }),
                   "a search that was stopped because it took too long");
         EXPECT_EQ(questions, 3);
     }
