@@ -116,14 +116,14 @@ namespace
 
     void printGraphNote(TextPage& page)
     {
-        for (const char* line :
-             {" Heart rate shown on the graph below best represents value after about 15 minutes running, at least the "
-              "last few",
-              " minutes being at the given speed.  Green vertical lines show min, mean, and max speeds for",
-              " fully aerobic training, and orange for similar lactate threshold values.  The thick red line is the ",
-              " VO2max pace, and suggested training for improving that is between this speed and the thin",
-              " red line.  Appropriate paces for 400 meter repeats (with ample rest) are between the purple lines."})
-            printLine(page, line);
+        printLine(page, " Heart rate shown on the graph below best represents value after about 15 minutes running, "
+                        "at least the last few");
+        printLine(page, " minutes being at the given speed.  Green vertical lines show min, mean, and max speeds for");
+        printLine(page, " fully aerobic training, and orange for similar lactate threshold values.  The thick red line "
+                        "is the ");
+        printLine(page, " VO2max pace, and suggested training for improving that is between this speed and the thin");
+        printLine(page, " red line.  Appropriate paces for 400 meter repeats (with ample rest) are between the purple "
+                        "lines.");
     }
 
     double typicalMilesOf(const ModelState& state)
