@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "ui_anaform.h"
 #include "ui_eqpace.h"
+#include "ui_graphform.h"
 #include "ui_powen.h"
 #include "ui_pstrat.h"
 #include "ui_quickcalcs.h"
@@ -26,12 +28,19 @@ namespace
         Layout layOut;
     };
 
+    // clang-format off
     constexpr std::array layouts{
-        NamedLayout{"vantstart", layOut<Ui::vantstart>},   NamedLayout{"eqpace", layOut<Ui::eqpace>},
-        NamedLayout{"powen", layOut<Ui::powen>},           NamedLayout{"pstrat", layOut<Ui::pstrat>},
-        NamedLayout{"quickcalcs", layOut<Ui::quickcalcs>}, NamedLayout{"specinfo", layOut<Ui::specinfo>},
+        NamedLayout{"anaform", layOut<Ui::anaform>},
+        NamedLayout{"eqpace", layOut<Ui::eqpace>},
+        NamedLayout{"graphform", layOut<Ui::graphform>},
+        NamedLayout{"powen", layOut<Ui::powen>},
+        NamedLayout{"pstrat", layOut<Ui::pstrat>},
+        NamedLayout{"quickcalcs", layOut<Ui::quickcalcs>},
+        NamedLayout{"specinfo", layOut<Ui::specinfo>},
         NamedLayout{"tmill", layOut<Ui::tmill>},
+        NamedLayout{"vantstart", layOut<Ui::vantstart>},
     };
+    // clang-format on
 }
 
 Layout layoutOfForm(std::string_view form)

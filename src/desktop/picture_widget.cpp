@@ -1,6 +1,7 @@
 #include "desktop/picture_widget.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <QAction>
 #include <QApplication>
@@ -42,7 +43,15 @@ namespace
         return transform;
     }
 
-    /// Draws shapes at their place on the device, so that pens and letters keep their own widths.
+    /// The font of a picture's labels, with a body of so many pixels of the device.
+    QFont labelFont(double pixels)
+    {
+        QFont font(QStringList{"Arial", "Liberation Sans", "DejaVu Sans"});
+        font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels))));
+        return font;
+    }
+
+    /// Draws shapes at their place on the device, so that pens keep their own widths.
     struct ShapePainter
     {
         QPainter& painter;
@@ -68,6 +77,7 @@ namespace
         void operator()(const TextPrimitive& text) const
         {
             const QPointF at = place.map(QPointF(text.at.x, text.at.y));   // the text's left upper corner
+            painter.setFont(text.size > 0 ? labelFont(text.size * place.m11()) : fixedFont());
             painter.drawText(QPointF(at.x(), at.y() + painter.fontMetrics().ascent()),
                              QString::fromStdString(text.text));
         }
@@ -78,9 +88,9 @@ void paintPicture(QPainter& painter, const Picture& picture, const QRectF& into)
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setFont(fixedFont());
     painter.fillRect(into, colourOf(picture.background));
     const QTransform place = placement(picture, into);
+    painter.setClipRect(place.mapRect(QRectF(0, 0, picture.size.x, picture.size.y)), Qt::IntersectClip);
     for (const Primitive& primitive : picture.primitives)
     {
         painter.setPen(QPen(colourOf(primitive.colour), std::max(primitive.width, 1.0)));
