@@ -49,7 +49,7 @@ struct AnaformForm
 };
 
 /// Clears the form, runs the training analysis, prints it and draws the graph.
-/// Faults: as `trainingAnalysis`, `printAnalysis` and `drawHeartRateGraph`; what was shown before stays.
+/// Faults: as `trainingAnalysis`, `printAnalysis` and `drawHeartRateGraph`; what was printed and drawn up to the fault stays.
 void showAnalysis(AnaformForm& form);
 
 /// Shows the first sample of the graph that is not left of a place, in picture units; right of the plot the first of

@@ -13,7 +13,7 @@
 // The full report: who, the races, the predicted table over 30 distances, and the training analysis.
 
 inline constexpr const char* fullReportHeading =
-    "   Distance       Time      Per mile   Per km    Per 400   Record   % Spd  P.Level";
+    "   Distance       Time    Per mile   Per km    Per 400   Record   % Spd  P.Level";
 
 /// The rows of the report's table; like those of the English table they are rounded to the centimetre on purpose.
 inline constexpr std::array<TableDistance, 30> reportDistances{{

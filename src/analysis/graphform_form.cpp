@@ -111,8 +111,8 @@ namespace
             }
             const double value = 135 - 15 * i + graph.shift;   // s for 400 m
             drawText(graph, classic::black, 8, y, signedText(value));
-            const double longPace = graph.metric ? 4 * value / 1.6 : 4 * value;
-            drawText(graph, classic::black, 592, y, formatTime(double(longPace)).substr(0, 8));
+            double longPace = graph.metric ? 4 * value / 1.6 : 4 * value;
+            drawText(graph, classic::black, 592, y, formatTime(longPace).substr(0, 8));
         }
     }
 

@@ -71,7 +71,7 @@ namespace
             draw.line({left, y}, {axes.right(), y});
             draw.colour = classic::black;
             const double value = axes.topHr - i * 20;
-            draw.text({value < 100 ? 200.0 : 120.0, y - 90}, plainText(value));
+            draw.text({value < 100 ? 200.0 : 120.0, y - 90}, signedText(value));
             if (i == 2)
             {
                 draw.colour = classic::lightBlue;
@@ -137,13 +137,14 @@ namespace
     {
         HeartRateSamples& samples = state.heartRateSamples;
         draw.colour = classic::lightBlue;
-        draw.width = 2;
         std::size_t index = 0;
         for (double s = firstSpeed; s <= axes.topSpeed; s = s + sampleStep)   // adds up as it falls
         {
             const double h = hrAtSpeed(state, s);
             const Point at{axes.xOf(s), axes.yOf(h)};
+            draw.width = 2;
             draw.point(at);
+            draw.width = 1;
             draw.circle(at, 8);
             if (index >= mostHeartRateSamples)
                 stopWith("an index out of range");

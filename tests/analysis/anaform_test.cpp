@@ -85,10 +85,10 @@ namespace
     TEST(HeartRateGraph, HasItsLabelsInTheirPlaces)
     {
         const DrawnGraph graph;
-        expectAt(placeOf(graph.pic, "200"), 120, 600 - 90);
+        expectAt(placeOf(graph.pic, " 200"), 120, 600 - 90);
         expectAt(placeOf(graph.pic, "100"), 120, 600 + 5 * yStep - 90);
-        expectAt(placeOf(graph.pic, "80"), 200, 600 + 6 * yStep - 90);
-        expectAt(placeOf(graph.pic, "60"), 200, 4600 - 90);
+        expectAt(placeOf(graph.pic, " 80"), 200, 600 + 6 * yStep - 90);
+        expectAt(placeOf(graph.pic, " 60"), 200, 4600 - 90);
         expectAt(placeOf(graph.pic, "Heart"), 60, 600 + 2 * yStep + 80);
         expectAt(placeOf(graph.pic, "Rate"), 80, 600 + 2 * yStep + 260);
         expectAt(placeOf(graph.pic, "1.5"), 550 - 100, 4640);
@@ -109,7 +109,7 @@ namespace
         EXPECT_EQ(shapesOf<TextPrimitive>(graph.pic).size(), 8U + 2U + 60U + 6U + 2U);
         for (const char* blue : {"Heart", "Rate", "Pace", "Speed"})
             EXPECT_EQ(textsLike(graph.pic, blue).at(0).colour, classic::lightBlue) << blue;
-        for (const char* black : {"200", "m/s", "6.0", " 3.4"})
+        for (const char* black : {" 200", "m/s", "6.0", " 3.4"})
             EXPECT_EQ(textsLike(graph.pic, black).at(0).colour, classic::black) << black;
     }
 
