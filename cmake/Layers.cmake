@@ -79,7 +79,7 @@ endfunction()
 # One set of libraries, vantelos_logic and so on; the benchmarks make a second one with a suffix.
 function(vantelos_add_libraries suffix)
     vantelos_add_library(vantelos_logic${suffix} logic)
-    vantelos_add_library(vantelos_forms${suffix} forms vantelos_logic${suffix})
+    vantelos_add_library(vantelos_forms${suffix} forms vantelos_logic${suffix} pugixml::pugixml)
     vantelos_add_library(vantelos_console${suffix} console
         vantelos_forms${suffix} CLI11::CLI11 nlohmann_json::nlohmann_json Threads::Threads)
 endfunction()

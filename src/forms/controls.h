@@ -5,6 +5,7 @@
 #include <variant>
 #include <vector>
 
+#include "forms/text_table.h"
 #include "model/text_page.h"
 
 // Controls as plain records. They know no screen: a window, a script or a test shows them, each in its own way.
@@ -36,12 +37,14 @@ struct TextBox : Control
 {
     std::string text = {};   // one line, anything
     Event changed = {};
-    bool locked = false;   // shown, and not typed into
+    bool locked = false;                                   // shown, and not typed into
+    std::function<bool(const std::string&)> pasted = {};   // whether it took a paste; if not, its text goes in as typed
 };
 
 struct Label : Control   // its text is the caption
 {
     Colour colour = {};
+    std::string heading = {};   // words beside it
 };
 
 struct OptionButton;
@@ -155,9 +158,10 @@ struct Form
     std::string title;
     std::vector<ControlRef> controls = {};
     Event titleShown = {};
-    Event load = {};       // once it has been built, before it is seen
-    Event opened = {};     // whenever somebody has asked for it, open before or not
-    Event unloaded = {};   // before it goes
+    Event load = {};                         // once it has been built, before it is seen
+    Event opened = {};                       // whenever somebody has asked for it, open before or not
+    Event unloaded = {};                     // before it goes
+    std::function<TextTable()> table = {};   // what it shows as a table, to be copied and saved, if it has one
 };
 
 [[nodiscard]] Control& common(const ControlRef& control);

@@ -14,3 +14,9 @@ bool ask(Outside& outside, const Message& question)
     showSaid(outside);
     return outside.dialogs.ask(question);
 }
+
+std::optional<std::string> chooseFile(Outside& outside, const FileQuestion& question)
+{
+    showSaid(outside);
+    return outside.dialogs.chooseFile ? outside.dialogs.chooseFile(question) : std::nullopt;
+}

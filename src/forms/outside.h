@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,12 +18,21 @@ struct FaultReport
     bool keystroke = false;   // an entry under way: to be told without a box
 };
 
+/// Which file is wanted.
+struct FileQuestion
+{
+    std::string title;                   // "Import laps"
+    std::string kind;                    // "Laps and tracks"
+    std::vector<std::string> patterns;   // "*.tcx"
+};
+
 struct Dialogs
 {
     std::function<void(const Message&)> message = {};
     std::function<bool(const Message&)> ask = {};   // a yes/no question; true for yes
     std::function<void()> beep = {};
     std::function<void(const FaultReport&)> fault = {};
+    std::function<std::optional<std::string>(const FileQuestion&)> chooseFile = {};   // its path, or nothing
 };
 
 /// A form printed as an image: on that background, without the hidden controls.
@@ -54,3 +64,6 @@ void showSaid(Outside& outside);
 
 /// Shows what has been said, then asks.
 [[nodiscard]] bool ask(Outside& outside, const Message& question);
+
+/// Shows what has been said, then lets a file be chosen. Returns its path, or nothing.
+[[nodiscard]] std::optional<std::string> chooseFile(Outside& outside, const FileQuestion& question);

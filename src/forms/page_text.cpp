@@ -8,16 +8,6 @@ namespace
 {
     constexpr std::string_view fieldGap = "  ";
 
-    std::string csvField(std::string_view field)
-    {
-        if (field.find_first_of(",\"") == std::string_view::npos)
-            return std::string(field);
-        std::string quoted = "\"";
-        for (const char c : field)
-            quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
-        return quoted + '"';
-    }
-
     std::string csvLine(std::string_view line)
     {
         std::string csv;
@@ -33,6 +23,16 @@ namespace
         }
         return csv;
     }
+}
+
+std::string csvField(std::string_view field)
+{
+    if (field.find_first_of(",\"\r\n") == std::string_view::npos)
+        return std::string(field);
+    std::string quoted = "\"";
+    for (const char c : field)
+        quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return quoted + '"';
 }
 
 std::string textOf(const TextPage& page)

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <deque>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,7 @@
 struct RecordedOutside
 {
     std::deque<bool> answers;
+    std::deque<std::string> files;   // to be chosen; without one left none is
 
     std::vector<std::string> events;   // "message: No rows checked!", "question: ...", "fault: ...", "beep"
     Messages messages;
@@ -20,6 +22,7 @@ struct RecordedOutside
     std::vector<FaultReport> faults;
     std::vector<std::vector<std::string>> printedTexts;
     std::vector<FormImage> printedForms;
+    std::vector<FileQuestion> fileQuestions;
 
     [[nodiscard]] Dialogs dialogs()
     {
@@ -41,6 +44,15 @@ struct RecordedOutside
         dialogs.fault = [this](const FaultReport& fault) {
             events.push_back("fault: " + fault.text);
             faults.push_back(fault);
+        };
+        dialogs.chooseFile = [this](const FileQuestion& question) -> std::optional<std::string> {
+            events.push_back("choose: " + question.title);
+            fileQuestions.push_back(question);
+            if (files.empty())
+                return std::nullopt;
+            const std::string file = files.front();
+            files.pop_front();
+            return file;
         };
         return dialogs;
     }
@@ -70,6 +82,7 @@ struct RecordedOutside
         events.clear();
         messages.clear();
         questions.clear();
+        fileQuestions.clear();
         faults.clear();
         printedTexts.clear();
         printedForms.clear();
