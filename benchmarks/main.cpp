@@ -126,6 +126,7 @@ int main(int argumentCount, char** arguments)
     registerElementaryFunctions();
     registerRecalculations();
     registerAnalyses();
+    registerPlanning();
     registerRoster();
     registerStarts();
     registerTools();

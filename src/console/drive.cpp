@@ -5,6 +5,7 @@
 #include <deque>
 #include <istream>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <utility>
@@ -31,6 +32,7 @@ namespace
         TimeLimit limit;
         std::unique_ptr<Program> program;
         std::deque<bool> answers;
+        std::deque<std::optional<std::string>> files;   // to be chosen; nothing for none
         bool started = false;
     };
 
@@ -64,6 +66,14 @@ namespace
         dialogs.beep = [&session] { say(session, {{"beep", true}}); };
         dialogs.fault = [&session](const FaultReport& fault) {
             say(session, {{"fault", fault.text}, {"in", fault.where}});
+        };
+        dialogs.chooseFile = [&session](const FileQuestion& question) {
+            if (session.files.empty())
+                throw ScriptMistake("no file is ready for \"" + question.title + "\"");
+            const std::optional<std::string> file = session.files.front();
+            session.files.pop_front();
+            say(session, {{"choose", question.title}, {"file", file ? Json(*file) : Json()}});
+            return file;
         };
         return dialogs;
     }
@@ -339,12 +349,52 @@ namespace
         session.answers.push_back(answer == "yes");
     }
 
+    void doChoose(Session& session, ScriptLine& line)
+    {
+        const std::string file = line.rest();
+        session.files.push_back(file.empty() ? std::nullopt : std::optional(file));
+    }
+
+    /// A text on one line of a script, in which \t, \n and \\ stand for a tab, a line end and a backslash.
+    std::string unescaped(const std::string& text)
+    {
+        std::string plain;
+        for (std::size_t i = 0; i < text.size(); ++i)
+        {
+            const bool escape = text[i] == '\\' && i + 1 < text.size();
+            const char c = escape ? text[++i] : text[i];
+            plain += escape && c == 't' ? '\t' : (escape && c == 'n' ? '\n' : c);
+        }
+        return plain;
+    }
+
+    void doPaste(Session& session, ScriptLine& line)
+    {
+        const Target target = usableTarget(session, line.word("a text box"));
+        const std::string text = unescaped(line.rest());
+        TextBox* const* found = std::get_if<TextBox*>(&target.control);
+        if (!found)
+            throw ScriptMistake(target.name + " is no text box");
+        TextBox& box = **found;
+        act(session, target.name, [&box, &text] {
+            if (!box.pasted || !box.pasted(text))
+                setText(box, text);
+        });
+    }
+
     const StateName& stateNamed(const std::string& word)
     {
         const StateName* entry = findStateName(word.substr(std::string_view("state.").size()));
         if (!entry)
             throw ScriptMistake("there is no \"" + word + "\"");
         return *entry;
+    }
+
+    Json tableText(const Form& form, bool asCsv)
+    {
+        if (!form.table)
+            throw ScriptMistake(form.name + " has no table");
+        return asCsv ? csvOf(form.table()) : textOf(form.table());
     }
 
     Json valueNamed(Session& session, const std::string& word)
@@ -354,6 +404,8 @@ namespace
         const std::size_t dot = word.find('.');
         if (dot != std::string::npos && word.substr(dot) == ".title")
             return openFormNamed(session, word.substr(0, dot)).title;
+        if (dot != std::string::npos && (word.substr(dot) == ".table" || word.substr(dot) == ".csv"))
+            return tableText(openFormNamed(session, word.substr(0, dot)), word.substr(dot) == ".csv");
         const Target target = targetOf(session, word);
         if (target.property.empty())
             return valueOf(target.control);
@@ -420,7 +472,7 @@ namespace
         const char* word;
         void (*run)(Session&, ScriptLine&);
     };
-    constexpr std::array<Word, 14> words{{{"start", doStart},
+    constexpr std::array<Word, 16> words{{{"start", doStart},
                                           {"stop", doStop},
                                           {"open", doOpen},
                                           {"close", doClose},
@@ -430,6 +482,8 @@ namespace
                                           {"press", doPress},
                                           {"move", doMove},
                                           {"answer", doAnswer},
+                                          {"choose", doChoose},
+                                          {"paste", doPaste},
                                           {"get", doGet},
                                           {"dump", doDump},
                                           {"let", doLet},
@@ -453,7 +507,7 @@ namespace
 
 int drive(std::istream& script, std::ostream& out, double limitSeconds)
 {
-    Session session{out, TimeLimit(limitSeconds), {}, {}, false};
+    Session session{out, TimeLimit(limitSeconds), {}, {}, {}, false};
     build(session, ".");
     std::string text;
     for (int number = 1; std::getline(script, text); ++number)

@@ -14,6 +14,8 @@
 #include "power/incline.h"
 #include "power/running_power.h"
 #include "special/special_analysis.h"
+#include "workouts/workout_plan.h"
+#include "workouts/zone_sentence.h"
 
 namespace
 {
@@ -214,6 +216,22 @@ namespace
         return peakDistance(state, words.empty() ? state.results.speedRatio : numberAt(words, 0));
     }
 
+    Json callStandardLoad(ModelState&, const Words& words)
+    {
+        return standardLoad(numberAt(words, 0));
+    }
+
+    Json callAutomaticRatio(ModelState&, const Words& words)
+    {
+        return automaticRatio(numberAt(words, 0));
+    }
+
+    Json callZoneSentence(ModelState& state, const Words& words)
+    {
+        const ZoneSentence sentence = zoneSentence(state.training, numberAt(words, 0), numberAt(words, 1));
+        return {{"sentence", sentence.text}, {"colour", {sentence.red, sentence.green, sentence.blue}}};
+    }
+
     struct WordCount
     {
         std::size_t least = 0, most = 0;
@@ -275,6 +293,9 @@ const std::vector<PureFunction>& pureFunctions()
          callHrAtSpeed},
         {"distanceFor", "target seed", callDistanceFor},
         {"peakDistance", "[speedRatio]", callPeakDistance},
+        {"standardLoad", "weeklyMiles", callStandardLoad},
+        {"automaticRatio", "distance", callAutomaticRatio},
+        {"zoneSentence", "speed percentOfStandard", callZoneSentence},
     };
     return functions;
 }

@@ -62,6 +62,7 @@ struct StoredPlanner
         std::string dist, num, wrp;
     };
     std::array<Row, plannerRows> rows;
+    bool acwr = false;   // kept between openings, and in no file
 };
 
 /// The split form's entries, likewise.

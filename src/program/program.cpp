@@ -8,6 +8,7 @@
 #include "forms/files.h"
 #include "forms/on_leaving.h"
 #include "program/analysis_forms.h"
+#include "program/planning_forms.h"
 #include "program/power_forms.h"
 
 namespace
@@ -98,6 +99,7 @@ Program::Program(Dialogs dialogs, Printer printer, std::filesystem::path setting
     setLoadDefaults(*vantstart);
     addAnalysisForms(*this);
     addPowerForms(*this);
+    addPlanningForms(*this);
 }
 
 void start(Program& program)
@@ -111,10 +113,10 @@ void stop(Program& program)
 {
     if (!program.vantstart)
         return;
+    for (const FormPlace& place : program.forms)
+        unload(program, place);   // first, for what they store is saved
     saveSettings(program);
     showSaid(program.outside);
-    for (const FormPlace& place : program.forms)
-        unload(program, place);
     if (program.unloading)
         program.unloading(program.vantstart->form);
     program.vantstart.reset();

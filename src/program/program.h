@@ -53,7 +53,7 @@ struct Program
 /// Loads the main form from the settings in the program's folder and calculates.
 void start(Program& program);
 
-/// Writes the settings and unloads every form, the main form last. Where they can't be written the old file stands
+/// Unloads every tool form, writes the settings with what those stored, and unloads the main form. Where they can't be written the old file stands
 /// and a question comes: try again, or leave without saving. Does nothing once the program has ended.
 void stop(Program& program);
 
