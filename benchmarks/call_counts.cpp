@@ -5,6 +5,7 @@
 
 #include "analyses.h"
 #include "model/arithmetic.h"
+#include "planning_scenarios.h"
 #include "prediction/calculate.h"
 #include "scenarios.h"
 #include "tool_scenarios.h"
@@ -39,4 +40,9 @@ int main()
     }
     for (const ShownForm& shown : analyses())
         printCounts(shown.name, shown.show);
+    ModelState runner = analysedRunner();
+    Messages messages;
+    WorkoutEntries workout = fiveRows();
+    printCounts(planRow, [&] { (void)planWorkout(runner, workout, {}, {}, messages); });
+    printCounts(splitsRow, [&] { (void)analyseSplits(runner, fullGrid(), 1, SplitMethod::mix, messages); });
 }

@@ -1,13 +1,11 @@
 #include <string>
+#include <vector>
 
 #include <benchmark/benchmark.h>
 
-#include "analysis/training_analysis.h"
-#include "prediction/calculate.h"
-#include "scenarios.h"
+#include "planning_scenarios.h"
 #include "splits/splitform_form.h"
 #include "timings.h"
-#include "workouts/workout_plan.h"
 #include "workouts/workouts_form.h"
 
 namespace
@@ -16,33 +14,10 @@ namespace
     constexpr double analysisTarget = 1;
     constexpr double keystrokeTarget = 5;
 
-    /// The state of a man of 40 after a Re-Calculate with two races and the training analysis.
-    ModelState analysed()
-    {
-        ModelState state;
-        CalculationInput input = recalculations()[2].input;
-        CalculationResults results;
-        Messages messages;
-        recalculate(state, input, results, messages);
-        state.runner.maxHr = 185;
-        state.runner.restHr = 50;
-        (void)trainingAnalysis(state);
-        return state;
-    }
-
-    SplitEntry lap(int i)
-    {
-        return {"400", "1", std::to_string(15 + (i * 7) % 11) + ".5"};
-    }
-
     void timePlan(benchmark::State& timing)
     {
-        ModelState state = analysed();
-        WorkoutEntries entries{{{"400", "4", "83"},
-                                {"600", "2", "100"},
-                                {"800", "5", "114"},
-                                {"1200", "1", "137"},
-                                {"1609.3", "1", "156"}}};
+        ModelState state = analysedRunner();
+        WorkoutEntries entries = fiveRows();
         Messages messages;
         double seconds = 0;
         for (auto _ : timing)
@@ -52,10 +27,8 @@ namespace
 
     void timeAnalysis(benchmark::State& timing)
     {
-        ModelState state = analysed();
-        SplitEntries entries;
-        for (int i = 0; i < splitRowCount; ++i)
-            entries[static_cast<std::size_t>(i)] = lap(i);
+        ModelState state = analysedRunner();
+        const SplitEntries entries = fullGrid();
         Messages messages;
         double seconds = 0;
         for (auto _ : timing)
@@ -65,13 +38,13 @@ namespace
 
     void timeSplitKeystroke(benchmark::State& timing)
     {
-        ModelState state = analysed();
+        ModelState state = analysedRunner();
         Outside outside;
         StoredSplits stored;
         SplitForm form(state, outside, stored);
         std::vector<SplitTexts> rows;
-        for (int i = 0; i < splitRowCount; ++i)
-            rows.push_back({lap(i).distance, lap(i).minutes, lap(i).seconds});
+        for (const SplitEntry& entry : fullGrid())
+            rows.push_back({entry.distance, entry.minutes, entry.seconds});
         fillRows(form, 0, rows);
         bool odd = false;
         for (auto _ : timing)
@@ -84,7 +57,7 @@ namespace
 
     void timePlanKeystroke(benchmark::State& timing)
     {
-        ModelState state = analysed();
+        ModelState state = analysedRunner();
         Outside outside;
         StoredPlanner stored;
         WorkoutsForm form(state, outside, stored);
@@ -106,8 +79,8 @@ namespace
 
 void registerPlanning()
 {
-    add("Workout plan, 5 rows", planTarget, timePlan);
+    add(planRow, planTarget, timePlan);
     add("Workout planner, one keystroke", keystrokeTarget, timePlanKeystroke);
-    add("Splits analysis, 27 rows", analysisTarget, timeAnalysis);
+    add(splitsRow, analysisTarget, timeAnalysis);
     add("Splits grid of 27 rows, one keystroke", keystrokeTarget, timeSplitKeystroke);
 }

@@ -70,7 +70,7 @@ namespace
         dialogs.chooseFile = [&session](const FileQuestion& question) {
             if (session.files.empty())
                 throw ScriptMistake("no file is ready for \"" + question.title + "\"");
-            const std::optional<std::string> file = session.files.front();
+            std::optional<std::string> file = session.files.front();
             session.files.pop_front();
             say(session, {{"choose", question.title}, {"file", file ? Json(*file) : Json()}});
             return file;
