@@ -18,6 +18,7 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 
+#include "desktop/paste_filter.h"
 #include "desktop/picture_widget.h"
 #include "desktop/text_surface_widget.h"
 
@@ -260,6 +261,9 @@ namespace
             follow(*box, *edit);
             on(*box, edit, &QLineEdit::textChanged, true,
                [edit](TextBox& record) { setText(record, edit->text().toStdString()); });
+            if (box->pasted)
+                new PasteFilter(
+                    *edit, [*this, box](const QString& clip) { return offer(*box, clip); }, &lifetime);
         }
 
         void operator()(Label* label)
@@ -364,6 +368,14 @@ namespace
         }
 
     private:
+        /// Whether a box has taken a paste.
+        bool offer(TextBox& box, const QString& clip) const
+        {
+            bool taken = false;
+            enter(program, form.name + "." + box.name, false, [&] { taken = box.pasted(clip.toStdString()); });
+            return taken;
+        }
+
         static void fire(const Event& event)
         {
             if (event)

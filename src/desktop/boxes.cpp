@@ -1,6 +1,9 @@
 #include "desktop/boxes.h"
 
+#include <optional>
+
 #include <QApplication>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QStatusBar>
 
@@ -20,6 +23,20 @@ namespace
         box.setTextInteractionFlags(Qt::TextSelectableByMouse);
         box.setInformativeText(more);
         return box.exec();
+    }
+
+    /// The path of a file that a person picks, or nothing.
+    std::optional<std::string> chosenFile(QWidget* window, const FileQuestion& question)
+    {
+        QStringList patterns;
+        for (const std::string& pattern : question.patterns)
+            patterns << text(pattern);
+        const QString filter =
+            QString("%1 (%2);;%3 (*)").arg(text(question.kind), patterns.join(' '), QObject::tr("All files"));
+        const QString path = QFileDialog::getOpenFileName(window, text(question.title), {}, filter);
+        if (path.isEmpty())
+            return std::nullopt;
+        return path.toStdString();
     }
 
     void showFault(QWidget* inFront, QMainWindow* window, const FaultReport& fault)
@@ -60,6 +77,7 @@ Dialogs boxesOver(const std::function<QMainWindow*(const std::string&)>& windowO
         return showBox(inFront(), QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No) ==
                QMessageBox::Yes;
     };
+    dialogs.chooseFile = [inFront](const FileQuestion& question) { return chosenFile(inFront(), question); };
     dialogs.beep = [] { QApplication::beep(); };
     dialogs.fault = [inFront, windowOf](const FaultReport& fault) {
         showFault(inFront(), windowOf(fault.where.substr(0, fault.where.find('.'))), fault);

@@ -2,12 +2,21 @@
 
 #include <algorithm>
 
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QFileDialog>
+#include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QShortcut>
 
 #include "desktop/binder.h"
 #include "desktop/fixed_font.h"
+#include "forms/files.h"
+#include "forms/text_table.h"
 
 namespace
 {
@@ -36,6 +45,7 @@ QStringList FormWindow::connectWith(Program& program, Form& form)
 {
     shownProgram = &program;
     formName = form.name;
+    table = form.table;
     lifetime = std::make_unique<QObject>();
     return bindForm(program, form, *this, *lifetime);
 }
@@ -43,6 +53,7 @@ QStringList FormWindow::connectWith(Program& program, Form& form)
 void FormWindow::leave()
 {
     lifetime.reset();
+    table = {};
     shownProgram = nullptr;
     close();
 }
@@ -79,4 +90,28 @@ void FormWindow::closeEvent(QCloseEvent* event)
         closeForm(*program, formName);
     else
         enter(*program, formName, false, [program, name = formName] { closeForm(*program, name); });
+}
+
+/// Where nothing under the mouse has a menu of its own, the form's table can be copied and saved.
+void FormWindow::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (!table)
+        return;
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu->addAction(tr("&Copy table")), &QAction::triggered, this,
+            [this] { QApplication::clipboard()->setText(QString::fromStdString(textOf(table()))); });
+    connect(menu->addAction(tr("&Save as CSV...")), &QAction::triggered, this, &FormWindow::saveTable);
+    menu->popup(event->globalPos());
+}
+
+void FormWindow::saveTable()
+{
+    const QString path =
+        QFileDialog::getSaveFileName(this, tr("Save as"), QString::fromStdString(formName) + ".csv", tr("CSV (*.csv)"));
+    if (path.isEmpty() || !table)
+        return;
+    if (const auto failure = replaceFile(path.toStdString(), csvOf(table())))
+        QMessageBox::warning(this, tr("Not saved"),
+                             tr("%1 could not be written: %2").arg(path, QString::fromStdString(*failure)));
 }

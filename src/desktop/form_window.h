@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -30,11 +31,14 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     void pressWithEnter();
+    void saveTable();
 
     Program* shownProgram = nullptr;
     std::string formName;
+    std::function<TextTable()> table;    // what is shown as a table, if the form has one
     std::unique_ptr<QObject> lifetime;   // of the connections
 };

@@ -10,8 +10,10 @@
 #include "ui_pstrat.h"
 #include "ui_quickcalcs.h"
 #include "ui_specinfo.h"
+#include "ui_splitform.h"
 #include "ui_tmill.h"
 #include "ui_vantstart.h"
+#include "ui_workouts.h"
 
 namespace
 {
@@ -37,8 +39,10 @@ namespace
         NamedLayout{"pstrat", layOut<Ui::pstrat>},
         NamedLayout{"quickcalcs", layOut<Ui::quickcalcs>},
         NamedLayout{"specinfo", layOut<Ui::specinfo>},
+        NamedLayout{"splitform", layOut<Ui::splitform>},
         NamedLayout{"tmill", layOut<Ui::tmill>},
         NamedLayout{"vantstart", layOut<Ui::vantstart>},
+        NamedLayout{"workouts", layOut<Ui::workouts>},
     };
     // clang-format on
 }

@@ -1,5 +1,7 @@
 #include "desktop/windows.h"
 
+#include <optional>
+
 #include <QApplication>
 #include <QStatusBar>
 
@@ -37,6 +39,11 @@ Dialogs Windows::dialogs()
         bool answer = false;
         withoutStopOffer([&] { answer = ask(question); });
         return answer;
+    };
+    dialogs.chooseFile = [this, choose = dialogs.chooseFile](const FileQuestion& question) {
+        std::optional<std::string> file;
+        withoutStopOffer([&] { file = choose(question); });
+        return file;
     };
     return dialogs;
 }
