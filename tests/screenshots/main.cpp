@@ -2,6 +2,7 @@
 
 #include <iostream>
 #include <string>
+#include <vector>
 
 #include <QApplication>
 #include <QPalette>
@@ -38,9 +39,9 @@ namespace
         return dark;
     }
 
-    /// Opens the program and a form on the settings in a folder, which it leaves as they are, and saves a picture of the
-    /// form's window.
-    bool takePicture(const std::string& folder, const QString& path, const std::string& form)
+    /// Opens the program and forms, one after the other, on the settings in a folder, which it leaves as they are, and
+    /// saves a picture of the last one's window.
+    bool takePicture(const std::string& folder, const QString& path, const std::vector<std::string>& forms)
     {
         bool asExpected = true;
         Windows windows;
@@ -57,8 +58,9 @@ namespace
         windows.windowOf("vantstart")->resize(windowSize);
         windows.show(program);
         start(program);
-        enter(program, "vantstart", false, [&] { openForm(program, form); });
-        FormWindow* const window = windows.windowOf(form);
+        for (const std::string& form : forms)
+            enter(program, "vantstart", false, [&] { openForm(program, form); });
+        FormWindow* const window = windows.windowOf(forms.back());
         if (!window)
             return false;
         QApplication::processEvents();
@@ -69,14 +71,14 @@ namespace
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    const std::string palette = argc == 5 ? argv[2] : "";
+    const std::string palette = argc >= 5 ? argv[2] : "";
     if (palette != "light" && palette != "dark")
     {
-        std::cerr << "Usage: vantelos-screenshots SETTINGS-FOLDER light|dark PNG-FILE FORM\n";
+        std::cerr << "Usage: vantelos-screenshots SETTINGS-FOLDER light|dark PNG-FILE FORM...\n";
         return 2;
     }
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setPalette(palette == "dark" ? darkPalette() : lightPalette());
     QApplication::setCursorFlashTime(0);   // the same picture every time
-    return takePicture(argv[1], argv[3], argv[4]) ? 0 : 1;
+    return takePicture(argv[1], argv[3], {argv + 4, argv + argc}) ? 0 : 1;
 }
