@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "model/course_state.h"
 #include "model/long_loop.h"
 #include "model/one_based.h"
 
@@ -117,7 +118,7 @@ struct Incline
 /// What the tools about power and slopes keep while the program runs.
 struct SlopeTools
 {
-    double curSpeed = 0;       // m/s, level speed of the quick calculator
+    double curSpeed = 0;       // m/s, level speed of the quick calculator, and of a course that is being solved
     double slopeValue = 0;     // its slope, a fraction
     int tmillMode = 1;         // 1 flat pace equal to a treadmill setting, 2 treadmill pace equal to a flat pace
     int tmillDisplay = 1;      // 1 paces, 2 speeds
@@ -196,6 +197,7 @@ struct ModelState
     Special special;
     Training training;
     HeartRateSamples heartRateSamples;
+    Course course;
 
     std::string activity;   // what is under way, for the words of a fault: "fitting the race over 5000 m"
     GoOn goOn;              // asked in very long loops
