@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 
 #include "console/call_command.h"
+#include "console/course_command.h"
 #include "console/drive_command.h"
 #include "console/effort_command.h"
 #include "console/predict_command.h"
@@ -24,6 +25,7 @@ namespace
         addCall(app, status);
         addDrive(app, status);
         addEffort(app, status);
+        addCourse(app, status);
         try
         {
             app.parse(argc, argv);

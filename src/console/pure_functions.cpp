@@ -7,6 +7,8 @@
 #include "analysis/distance_search.h"
 #include "analysis/heart_rates.h"
 #include "analysis/peak_distance.h"
+#include "course/course_curve.h"
+#include "course/course_solver.h"
 #include "model/arithmetic.h"
 #include "model/race_time.h"
 #include "model/record_curve.h"
@@ -232,6 +234,28 @@ namespace
         return {{"sentence", sentence.text}, {"colour", {sentence.red, sentence.green, sentence.blue}}};
     }
 
+    Json callDownhillGrade(ModelState&, const Words& words)
+    {
+        return downhillGrade(numberAt(words, 0), numberAt(words, 1));
+    }
+
+    Json callAltitudeSpeed(ModelState&, const Words& words)
+    {
+        return altitudeSpeed(numberAt(words, 0), numberAt(words, 1), numberAt(words, 2));
+    }
+
+    Json callCourseElevationAt(ModelState& state, const Words& words)
+    {
+        fitCourseCurve(state.course);   // the form fits it only where it draws it
+        return courseElevationAt(state.course, numberAt(words, 0));
+    }
+
+    Json callCourseGradeAt(ModelState& state, const Words& words)
+    {
+        fitCourseCurve(state.course);
+        return courseGradeAt(state.course, numberAt(words, 0));
+    }
+
     struct WordCount
     {
         std::size_t least = 0, most = 0;
@@ -296,6 +320,11 @@ const std::vector<PureFunction>& pureFunctions()
         {"standardLoad", "weeklyMiles", callStandardLoad},
         {"automaticRatio", "distance", callAutomaticRatio},
         {"zoneSentence", "speed percentOfStandard", callZoneSentence},
+
+        {"downhillGrade", "grade drop", callDownhillGrade},
+        {"altitudeSpeed", "speed seconds elevationDifference", callAltitudeSpeed},
+        {"courseElevationAt", "x", callCourseElevationAt},
+        {"courseGradeAt", "x", callCourseGradeAt},
     };
     return functions;
 }

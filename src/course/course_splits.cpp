@@ -11,7 +11,7 @@
 
 namespace
 {
-    constexpr double shortestSplit = 1;   // m; a shorter rest is part of the one before
+    constexpr double shortestSplit = 10;   // m; a shorter rest is part of the one before
 
     double elevationAt(const Course& course, double x)
     {
@@ -37,13 +37,6 @@ namespace
         split.time = course.perfScale * (fromTime + share * (placeAt(course.timeAt, k) - fromTime));
         split.elevation = elevationAt(course, split.place);
         return split;
-    }
-
-    std::string shortTime(double seconds)
-    {
-        const std::string text = formatTime(seconds);
-        const std::size_t from = text.find_first_not_of(' ');
-        return text.substr(from, text.find_last_not_of(' ') + 1 - from);
     }
 
     std::string rightIn(std::size_t width, const std::string& text)
@@ -78,6 +71,13 @@ std::vector<CourseSplit> courseSplits(const Course& course, double unit)
     return splits;
 }
 
+std::string timeCell(double seconds)
+{
+    const std::string text = formatTime(seconds);
+    const std::size_t from = text.find_first_not_of(' ');
+    return text.substr(from, text.find_last_not_of(' ') + 1 - from);
+}
+
 std::vector<std::string> paceBand(const Course& course, bool miles)
 {
     std::vector<std::string> lines{miles ? "  mile      time   split" : "    km      time   split"};
@@ -85,7 +85,7 @@ std::vector<std::string> paceBand(const Course& course, bool miles)
     {
         const bool whole = split.number == roundHalfEven(split.number);
         lines.push_back(rightIn(6, whole ? plainText(split.number) : formatNumber(split.number, 0, 2)) +
-                        rightIn(10, shortTime(split.time)) + rightIn(8, shortTime(split.split)));
+                        rightIn(10, timeCell(split.time)) + rightIn(8, timeCell(split.split)));
     }
     return lines;
 }

@@ -24,6 +24,9 @@ struct CourseSplit
 /// Returns none where no solve has run.  Faults: as `courseElevationAt`, two points at one x.
 [[nodiscard]] std::vector<CourseSplit> courseSplits(const Course& course, double unit);
 
+/// A time as tables show it, without the blanks around it.
+[[nodiscard]] std::string timeCell(double seconds);
+
 /// A pace band: a line a split with its number, the time there and the time of the split, narrow enough for a wrist.
 ///   miles  whether splits are miles
 [[nodiscard]] std::vector<std::string> paceBand(const Course& course, bool miles);

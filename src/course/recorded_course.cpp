@@ -227,6 +227,14 @@ std::optional<RecordedCourse> courseOfRecording(const std::vector<RecordedPoint>
     return course;
 }
 
+void takePoints(const RecordedCourse& recorded, Course& course)
+{
+    clearCoursePlaces(course);
+    std::copy(recorded.pointX.begin(), recorded.pointX.end(), course.pointX.begin());
+    std::copy(recorded.pointY.begin(), recorded.pointY.end(), course.pointY.begin());
+    course.pointCount = static_cast<int>(recorded.pointX.size());
+}
+
 CourseEntries entriesOf(RecordedCourse& course, const CourseEntries& before)
 {
     CourseEntries entries = before;

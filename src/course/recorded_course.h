@@ -56,6 +56,9 @@ struct EvenProfile
 [[nodiscard]] std::optional<RecordedCourse> courseOfRecording(const std::vector<RecordedPoint>& points,
                                                               double halfWidth, Messages& said);
 
+/// Puts a recorded course in place of the one that there is.
+void takePoints(const RecordedCourse& recorded, Course& course);
+
 /// The entries of a course of that length, start and finish, with a scale around all of its points. Length and
 /// elevations are rounded as a person would enter them, and the course is fitted to these.
 ///   before  units and the elevation of the runner's races stay, a marathon apart

@@ -8,6 +8,7 @@
 #include "forms/files.h"
 #include "forms/on_leaving.h"
 #include "program/analysis_forms.h"
+#include "program/course_forms.h"
 #include "program/planning_forms.h"
 #include "program/power_forms.h"
 
@@ -100,6 +101,7 @@ Program::Program(Dialogs dialogs, Printer printer, std::filesystem::path setting
     addAnalysisForms(*this);
     addPowerForms(*this);
     addPlanningForms(*this);
+    addCourseForms(*this);
 }
 
 void start(Program& program)

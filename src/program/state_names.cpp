@@ -1,6 +1,7 @@
 #include "program/state_names.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <limits>
 
@@ -193,6 +194,73 @@ namespace
                 number("thresholdSpeedHigh", &ModelState::training, &Training::thresholdSpeedHigh)};
     }
 
+    template <std::size_t N>
+    StateName places(std::string_view name, std::array<double, N> Course::*member)
+    {
+        return {name,
+                [=](const ModelState& state) -> StateValue {
+                    const auto& all = state.course.*member;
+                    return std::vector<double>(all.begin(), all.end());
+                },
+                {}};
+    }
+
+    /// The points in use.
+    StateName points(std::string_view name, std::array<double, std::size_t(mostCoursePoints)> Course::*member)
+    {
+        return {name,
+                [=](const ModelState& state) -> StateValue {
+                    const auto begin = (state.course.*member).begin();
+                    return std::vector<double>(begin, begin + std::clamp(state.course.pointCount, 0, mostCoursePoints));
+                },
+                {}};
+    }
+
+    StateName marks(std::string_view name, OneBased<double, courseMarks> CourseMarks::*member)
+    {
+        return {name,
+                [=](const ModelState& state) -> StateValue { return firstOf(state.course.marks.*member, courseMarks); },
+                {}};
+    }
+
+    std::vector<StateName> courseNames()
+    {
+        return {number("courseDist", &ModelState::course, &Course::courseDist),
+                number("maxElev", &ModelState::course, &Course::maxElev),
+                number("minElev", &ModelState::course, &Course::minElev),
+                number("startElev", &ModelState::course, &Course::startElev),
+                number("endElev", &ModelState::course, &Course::endElev),
+                number("xScale", &ModelState::course, &Course::xScale),
+                number("yScale", &ModelState::course, &Course::yScale),
+                points("pointX", &Course::pointX),
+                points("pointY", &Course::pointY),
+                {"pointCount", [](const ModelState& state) -> StateValue { return state.course.pointCount; }, {}},
+                whole("origElev", &ModelState::course, &Course::origElev),
+                number("perfScale", &ModelState::course, &Course::perfScale),
+                whole("distanceValid", &ModelState::course, &Course::distanceValid),
+                whole("courseLoading", &ModelState::course, &Course::courseLoading),
+                whole("scur", &ModelState::course, &Course::scur),
+                whole("courseSaved", &ModelState::course, &Course::courseSaved),
+                number("netGrade", &ModelState::course, &Course::netGrade),
+                number("slopeDist", &ModelState::course, &Course::slopeDist),
+                number("totalRise", &ModelState::course, &Course::totalRise),
+                number("totalDrop", &ModelState::course, &Course::totalDrop),
+                number("flatTime", &ModelState::course, &Course::flatTime),
+                number("evenTime", &ModelState::course, &Course::evenTime),
+                number("strategicTime", &ModelState::course, &Course::strategicTime),
+                number("courseLevelSpeed", &ModelState::course, &Course::courseLevelSpeed),
+                number("evenFlatSpeed", &ModelState::course, &Course::evenFlatSpeed),
+                places("distAt", &Course::distAt),
+                places("timeAt", &Course::timeAt),
+                marks("mileX", &CourseMarks::mileX),
+                marks("mileTime", &CourseMarks::mileTime),
+                marks("kmX", &CourseMarks::kmX),
+                marks("kmTime", &CourseMarks::kmTime),
+                places("curveA", &Course::curveA),
+                places("curveB", &Course::curveB),
+                places("curveC", &Course::curveC)};
+    }
+
     std::vector<StateName> tableNames()
     {
         const auto times = [](const ModelState& state) -> StateValue {
@@ -216,7 +284,7 @@ const std::vector<StateName>& stateNames()
     static const std::vector<StateName> names = [] {
         std::vector<StateName> all;
         for (const std::vector<StateName>& some : {runnerNames(), raceNames(), curveNames(), resultNames(), flagNames(),
-                                                   tableNames(), slopeNames(), trainingNames()})
+                                                   tableNames(), slopeNames(), trainingNames(), courseNames()})
             all.insert(all.end(), some.begin(), some.end());
         return all;
     }();

@@ -120,6 +120,12 @@ namespace
             if (button.caption != "Clear All" || below(10) == 0)
                 program.click(button.name);
         }
+        void use(Picture& picture)
+        {
+            const Point at{100.0 + below(12200), below(6300) * 1.0};
+            const auto event = below(3) == 0 ? picture.pressed : picture.moved;
+            enter(program.program, program.formName + "." + picture.name, true, [&] { event(at); });
+        }
         template <class Other>
         void use(Other&)
         {}
@@ -151,7 +157,7 @@ namespace
 
     INSTANTIATE_TEST_SUITE_P(Seeds, PlanningMonkey,
                              testing::Values(Seed{"workouts", 1}, Seed{"workouts", 20}, Seed{"splitform", 1},
-                                             Seed{"splitform", 20}),
+                                             Seed{"splitform", 20}, Seed{"profile", 1}, Seed{"profile", 20}),
                              [](const auto& row) {
                                  return std::string(row.param.name) + std::to_string(row.param.seed);
                              });

@@ -50,7 +50,7 @@ struct PlanningProgram
 
     ScratchFolder folder;
     RecordedOutside outside;
-    Program program{outside.dialogs(), {}, folder.path};
+    Program program{outside.dialogs(), outside.printer(), folder.path};
     std::string formName;
 
     [[nodiscard]] ModelState& state() { return program.state; }
