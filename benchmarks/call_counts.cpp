@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "analyses.h"
+#include "course_scenarios.h"
 #include "model/arithmetic.h"
 #include "planning_scenarios.h"
 #include "prediction/calculate.h"
@@ -45,4 +46,9 @@ int main()
     WorkoutEntries workout = fiveRows();
     printCounts(planRow, [&] { (void)planWorkout(runner, workout, {}, {}, messages); });
     printCounts(splitsRow, [&] { (void)analyseSplits(runner, fullGrid(), 1, SplitMethod::mix, messages); });
+    for (const bool smooth : {true, false})
+    {
+        ModelState hills = runnerBeforeHills(smooth);
+        printCounts(smooth ? smoothCourseRow : straightCourseRow, [&] { solveAndSplit(hills, {}); });
+    }
 }

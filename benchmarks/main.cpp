@@ -127,6 +127,7 @@ int main(int argumentCount, char** arguments)
     registerRecalculations();
     registerAnalyses();
     registerPlanning();
+    registerCourses();
     registerRoster();
     registerStarts();
     registerTools();

@@ -12,6 +12,7 @@ void registerElementaryFunctions();
 
 void registerRecalculations();
 void registerAnalyses();
+void registerCourses();
 void registerPlanning();
 void registerRoster();
 void registerStarts();
