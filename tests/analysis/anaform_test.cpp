@@ -86,7 +86,7 @@ namespace
     {
         const DrawnGraph graph;
         expectAt(placeOf(graph.pic, " 200"), 120, 600 - 90);
-        expectAt(placeOf(graph.pic, "100"), 120, 600 + 5 * yStep - 90);
+        expectAt(placeOf(graph.pic, " 100"), 120, 600 + 5 * yStep - 90);
         expectAt(placeOf(graph.pic, " 80"), 200, 600 + 6 * yStep - 90);
         expectAt(placeOf(graph.pic, " 60"), 200, 4600 - 90);
         expectAt(placeOf(graph.pic, "Heart"), 60, 600 + 2 * yStep + 80);
