@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -158,6 +159,7 @@ namespace
         QTest::mouseClick(&open.find<QPushButton>("Command3"), Qt::LeftButton);
         window = open.windows.windowOf("anaform");
         ASSERT_TRUE(window);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window));
         EXPECT_THAT(find<TextSurfaceWidget>("Surface").toPlainText().toStdString(),
                     HasSubstr("TRAINING AND SPECIALIZATION ANALYSIS:"));
         auto& graph = find<PictureWidget>("pic");
