@@ -22,7 +22,6 @@ namespace
 
     constexpr int refused = 1;
     constexpr int wrongUsage = 2;
-    constexpr double joulesPerKcal = 4184;
 
     /// What both commands go by.
     struct Effort
