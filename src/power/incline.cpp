@@ -11,7 +11,6 @@ namespace
 {
     constexpr double effortKg = standardWeightKg;   // efforts are compared for one body
     constexpr double marchStep = 0.05;              // m/s
-    constexpr double indoorHeadStart = 0.5;         // m/s that an indoor march starts below the speed
     constexpr double creep = 0.001;                 // m/s that each round of the search moves at the least
 
     double levelEffort(ModelState& state, double speed, double airFactor)

@@ -12,10 +12,13 @@
 //   grade   rise over distance along the surface, negative is downhill
 //   speed   m/s
 
+inline constexpr double indoorHeadStart = 0.5;   // m/s that an indoor march starts below the speed
+
 /// The level speed of the same effort as `speed` on `grade`.
-/// Start value: speed, indoors 0.5 m/s less. Steps of 0.05 m/s, upwards if slopeDirection >= 0, until a step has passed
-/// the effort, then a straight line through the last two points. An effort that the first step has passed already is
-/// reached on that line beyond its end. Upwards no cap; downwards an effort of 0 or less ends the march at once.
+/// Start value: speed, indoors less by indoorHeadStart. Steps of 0.05 m/s, upwards if slopeDirection >= 0, until a step
+/// has passed the effort, then a straight line through the last two points. An effort that the first step has passed
+/// already is reached on that line beyond its end. Upwards no cap; downwards an effort of 0 or less ends the march at
+/// once.
 /// Returns m/s. Reads bodyDrag, indoorMode, windSpeed, slopeDirection. Writes zeroPowerFlag.
 /// Faults: an upward march whose last two efforts are equal; a speed so large that a step no longer moves it.
 [[nodiscard]] double levelSpeedForSlope(ModelState& state, double grade, double speed);
