@@ -160,13 +160,13 @@ double levelSpeedForSlope(ModelState& state, double grade, double speed)
 double slopeSpeedForLevel(ModelState& state, double grade, double levelSpeed)
 {
     const double L = levelSpeed;
-    if (L <= -marchStep)
-        stopWith("a search without an end (the level speed is negative)");
     int& direction = state.incline.slopeDirection;
     direction = 0;
     const double slopeCost = slopeEffort(state, L, grade);
     const double levelCost = levelEffort(state, L, 1);   // with air even between two treadmills, on purpose
     direction = levelCost > slopeCost ? -1 : 1;
+    if (L <= -marchStep)
+        stopWith("a search without an end (the level speed is negative)");
 
     LongLoop rounds(state.goOn);
     double s = L + 0.003;

@@ -28,7 +28,10 @@ inline constexpr double indoorHeadStart = 0.5;   // m/s that an indoor march sta
 /// direction that slopeDirection gives. Stop: the level speed of equal effort has passed levelSpeed; no cap. About
 /// twenty rounds at a grade of 0.1, fewer on steeper ones. The result lies just beyond the exact solution.
 /// Returns m/s. Reads bodyDrag, indoorMode, windSpeed. Writes slopeDirection and zeroPowerFlag.
-/// Faults: levelSpeed at or below -0.05, where the search has no end; as `levelSpeedForSlope`.
+/// A levelSpeed a hair above -0.05 (-0.04999 at a grade of 0.1) has no end in sight either: such a search goes on until
+/// goOn says no.
+/// Faults: levelSpeed at or below -0.05, where the search has no end, after it has written both; as
+/// `levelSpeedForSlope`.
 [[nodiscard]] double slopeSpeedForLevel(ModelState& state, double grade, double levelSpeed);
 
 /// A treadmill comparison for as long as it stands: sets indoorMode, and back to 0 when it goes.
