@@ -167,6 +167,7 @@ namespace
         int pixel = 0;
         while (pixel < graph.width() && graph.toPicture(QPointF(pixel, graph.height() / 2.0)).x() < atThree)
             ++pixel;
+        QTest::mouseMove(&graph, QPoint(pixel + 40, graph.height() / 2));
         QTest::mouseMove(&graph, QPoint(pixel, graph.height() / 2));
         EXPECT_THAT(label("mpslbl"), testing::AnyOf("3.00 m/s", "3.01 m/s"));
         EXPECT_THAT(label("hrlbl"), HasSubstr("HR ="));
