@@ -1,5 +1,7 @@
 #include "analysis/training_paces.h"
 
+#include <string>
+
 #include "analysis/curve_time.h"
 #include "analysis/distance_search.h"
 #include "model/arithmetic.h"
@@ -14,9 +16,18 @@ namespace
         return quotient(distance, timeOver(state, distance));
     }
 
+    /// `distanceFor` as a step of the chain: once it has ended, what is under way is what was before.
+    FoundDistance found(ModelState& state, double target, double seed)
+    {
+        const std::string activity = state.activity;
+        const FoundDistance there = distanceFor(state, target, seed);
+        state.activity = activity;
+        return there;
+    }
+
     double speedFor(ModelState& state, double target, double seed)
     {
-        return distanceFor(state, target, seed).speed;
+        return found(state, target, seed).speed;
     }
 }
 
@@ -29,20 +40,17 @@ void findTrainingPaces(ModelState& state)
 
     // VO2max: from the time over two miles (minutes), from 15 minutes (m/min), from 10000 m (s)
     const double vo2TwoMile = 128.81 - 5.95 * timeOver(state, twoMiles) / 60;
-    const double d15 = distanceFor(state, 900, 10000).distance;
+    const double d15 = found(state, 900, 10000).distance;
     const double vo2Fifteen = (d15 / 15 - 133) * 0.172 + 33.3;
-    state.activity = "working out the training paces";
     t.time10k = timeOver(state, 10000);
     const double vo2TenK = 475550 * power(t.time10k, -1.172);
     t.vo2max = checked(0.3 * vo2TwoMile + 0.25 * vo2Fifteen + 0.45 * vo2TenK);
 
     const double speed11 = speedFor(state, 660, 6000);
-    state.activity = "working out the training paces";
     const double speedFromVo2 = 2.9 + 0.0686 * (vo2TenK - 29);
     const double speed12500 = speedOver(state, 12500);
     const double speed60 = speedFor(state, 3600, 25000);
     const double speed25 = speedFor(state, 1500, 11000) * 0.954;
-    state.activity = "working out the training paces";
     t.repSlowTime = timeOver(state, 1500) * metresPerTrackLap / 1500;
     t.repSlowSpeed = quotient(metresPerTrackLap, t.repSlowTime);
     t.repFastTime = timeOver(state, 900) * metresPerTrackLap / 900;
@@ -78,7 +86,6 @@ void findTrainingPaces(ModelState& state)
     const double shortMix = 0.8 * speed320 + 0.2 * speed1700;
     t.vo2maxSpeed = 0.6 * t.vo2maxSpeed + 0.4 * shortMix;
     const double speed9 = speedFor(state, 540, 4800);
-    state.activity = "working out the training paces";
     t.vo2maxSpeed = checked(0.4 * t.vo2maxSpeed + 0.6 * speed9);
 
     if (t.thresholdSpeed > 0.86 * t.vo2maxSpeed)

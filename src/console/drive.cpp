@@ -1,5 +1,6 @@
 #include "console/drive.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <deque>
@@ -390,11 +391,17 @@ namespace
         return *entry;
     }
 
-    Json tableText(const Form& form, bool asCsv)
+    /// Of a word without a control of that name: what Copy and Save as CSV give of a form that has a table.
+    std::optional<Json> tableText(Session& session, const std::string& word)
     {
+        const std::size_t dot = std::min(word.find('.'), word.size());
+        const std::string what = word.substr(dot);
+        if (what != ".table" && what != ".csv")
+            return std::nullopt;
+        const Form& form = openFormNamed(session, word.substr(0, dot));
         if (!form.table)
-            throw ScriptMistake(form.name + " has no table");
-        return asCsv ? csvOf(form.table()) : textOf(form.table());
+            return std::nullopt;
+        return what == ".csv" ? csvOf(form.table()) : textOf(form.table());
     }
 
     Json valueNamed(Session& session, const std::string& word)
@@ -404,8 +411,8 @@ namespace
         const std::size_t dot = word.find('.');
         if (dot != std::string::npos && word.substr(dot) == ".title")
             return openFormNamed(session, word.substr(0, dot)).title;
-        if (dot != std::string::npos && (word.substr(dot) == ".table" || word.substr(dot) == ".csv"))
-            return tableText(openFormNamed(session, word.substr(0, dot)), word.substr(dot) == ".csv");
+        if (const std::optional<Json> table = tableText(session, word))
+            return *table;
         const Target target = targetOf(session, word);
         if (target.property.empty())
             return valueOf(target.control);

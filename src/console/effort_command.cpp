@@ -22,7 +22,6 @@ namespace
 
     constexpr int refused = 1;
     constexpr int wrongUsage = 2;
-    constexpr double joulesPerKcal = 4184;
 
     /// What both commands go by.
     struct Effort
@@ -108,6 +107,17 @@ namespace
                  {"netKjPerKm", "Net energy cost, kJ/km", quotient(net * 3.6, kph), 0}}};
     }
 
+    /// Whether the level speed of equal effort lies below the speed from which the march to it starts.
+    bool liesBelow(ModelState& state, double grade, double speed)
+    {
+        const int mode = state.incline.indoorMode;
+        if (mode > 0)
+            return netPower(state, speed, standardWeightKg, grade, 0, 0) <
+                   netPower(state, speed - indoorHeadStart, standardWeightKg, 0, mode == 2 ? 0 : 1, 0);
+        return netPower(state, speed, standardWeightKg, grade, 1, state.incline.windSpeed) <
+               netPower(state, speed, standardWeightKg, 0, 1, 0);
+    }
+
     std::string padded(std::string text, std::size_t width)
     {
         text.resize(std::max(text.size(), width), ' ');
@@ -139,10 +149,7 @@ int convertIncline(const EffortOptions& options, std::ostream& out, std::ostream
         const double grade = onTreadmill ? gradeAlongSurface(effort.grade) : effort.grade;
         state.incline.indoorMode = options.treadmill == "indoors" ? 2 : (onTreadmill ? 1 : 0);
         state.incline.windSpeed = options.wind;
-        // the march goes the way in which the level speed lies
-        const bool easier = !onTreadmill && netPower(state, effort.speed, standardWeightKg, grade, 1, options.wind) <
-                                                netPower(state, effort.speed, standardWeightKg, 0, 1, 0);
-        state.incline.slopeDirection = easier || grade < 0 ? -1 : 0;
+        state.incline.slopeDirection = liesBelow(state, grade, effort.speed) ? -1 : 0;
         const double level = levelSpeedForSlope(state, grade, effort.speed);
         const double slope = slopeSpeedForLevel(state, grade, effort.speed);
         if (options.json)

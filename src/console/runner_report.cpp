@@ -29,16 +29,18 @@ namespace
         return shown;
     }
 
-    /// With English output the analysis calculates the metric table anew, and then the English one.
-    void prepareAnalysis(ModelState& state, PredictionRun run)
+    /// With English output the window calculates the metric table anew before its analysis, and then the English one.
+    /// The same runs are taken here, as each rates by the age-curve index that the one before has left; what they say
+    /// has been said.
+    void prepareAnalysis(ModelState& state, CalculationInput input, CalculationResults results)
     {
-        if (run.input.output != OutputMode::english)
+        if (input.output != OutputMode::english)
             return;
         Messages alreadySaid;
         for (const OutputMode output : {OutputMode::metric, OutputMode::english})
         {
-            run.input.output = output;
-            recalculate(state, run.input, run.results, alreadySaid);
+            input.output = output;
+            recalculate(state, input, results, alreadySaid);
         }
     }
 
@@ -47,7 +49,7 @@ namespace
     {
         if (kind == ReportKind::full)
             return printFullReport(state, shownEntries(entries, run), page);
-        prepareAnalysis(state, run);
+        prepareAnalysis(state, run.input, run.results);
         const Specialty specialty = trainingAnalysis(state);
         state.activity = "printing the training analysis";
         printAnalysis(state, specialty, ReportMode::screen, page);

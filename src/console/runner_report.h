@@ -21,7 +21,8 @@ struct RunnerReport
 };
 
 /// Predicts a runner's times and reports on them, as the windows do after a Re-Calculate. Which table the entries ask
-/// for makes no difference to the lines. This is where the command's faults are caught.
+/// for makes no difference to the lines unless they ask for age comparison, where each calculation rates by the
+/// age-curve index that the one before has left. This is where the command's faults are caught.
 ///   limitSeconds  after which a search without an end is stopped, as a fault
 [[nodiscard]] RunnerReport reportOn(const RunnerEntries& entries, ReportKind kind, double limitSeconds);
 

@@ -42,10 +42,11 @@ void PasteFilter::showMenu(const QPoint& place)
 {
     QMenu* const menu = edit.createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (auto* const action = menu->findChild<QAction*>("edit-paste"))
-    {
-        action->disconnect();
-        connect(action, &QAction::triggered, this, &PasteFilter::paste);
-    }
+    for (QAction* action : menu->actions())
+        if (action->text().startsWith(QLineEdit::tr("&Paste")))
+        {
+            action->disconnect();
+            connect(action, &QAction::triggered, this, &PasteFilter::paste);
+        }
     menu->popup(place);
 }

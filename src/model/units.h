@@ -12,5 +12,6 @@ inline constexpr double metresPerTrackLap = 400;            // m, the distance o
 inline constexpr double displayKilometresPerMile = 1.609;   // for the show of weekly kilometers alone
 inline constexpr double centimetresPerInch = 2.54;          // exact
 inline constexpr double kilogramsPerPound = 0.45359237;     // exact
+inline constexpr double joulesPerKcal = 4184;               // exact
 inline constexpr double marathonMetres = 42195;
 inline constexpr double halfMarathonMetres = 21097.5;

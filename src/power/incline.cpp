@@ -11,7 +11,6 @@ namespace
 {
     constexpr double effortKg = standardWeightKg;   // efforts are compared for one body
     constexpr double marchStep = 0.05;              // m/s
-    constexpr double indoorHeadStart = 0.5;         // m/s that an indoor march starts below the speed
     constexpr double creep = 0.001;                 // m/s that each round of the search moves at the least
 
     double levelEffort(ModelState& state, double speed, double airFactor)
@@ -161,13 +160,13 @@ double levelSpeedForSlope(ModelState& state, double grade, double speed)
 double slopeSpeedForLevel(ModelState& state, double grade, double levelSpeed)
 {
     const double L = levelSpeed;
-    if (L <= -marchStep)
-        stopWith("a search without an end (the level speed is negative)");
     int& direction = state.incline.slopeDirection;
     direction = 0;
     const double slopeCost = slopeEffort(state, L, grade);
     const double levelCost = levelEffort(state, L, 1);   // with air even between two treadmills, on purpose
     direction = levelCost > slopeCost ? -1 : 1;
+    if (L <= -marchStep)
+        stopWith("a search without an end (the level speed is negative)");
 
     LongLoop rounds(state.goOn);
     double s = L + 0.003;

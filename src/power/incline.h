@@ -12,10 +12,13 @@
 //   grade   rise over distance along the surface, negative is downhill
 //   speed   m/s
 
+inline constexpr double indoorHeadStart = 0.5;   // m/s that an indoor march starts below the speed
+
 /// The level speed of the same effort as `speed` on `grade`.
-/// Start value: speed, indoors 0.5 m/s less. Steps of 0.05 m/s, upwards if slopeDirection >= 0, until a step has passed
-/// the effort, then a straight line through the last two points. An effort that the first step has passed already is
-/// reached on that line beyond its end. Upwards no cap; downwards an effort of 0 or less ends the march at once.
+/// Start value: speed, indoors less by indoorHeadStart. Steps of 0.05 m/s, upwards if slopeDirection >= 0, until a step
+/// has passed the effort, then a straight line through the last two points. An effort that the first step has passed
+/// already is reached on that line beyond its end. Upwards no cap; downwards an effort of 0 or less ends the march at
+/// once.
 /// Returns m/s. Reads bodyDrag, indoorMode, windSpeed, slopeDirection. Writes zeroPowerFlag.
 /// Faults: an upward march whose last two efforts are equal; a speed so large that a step no longer moves it.
 [[nodiscard]] double levelSpeedForSlope(ModelState& state, double grade, double speed);
@@ -25,7 +28,10 @@
 /// direction that slopeDirection gives. Stop: the level speed of equal effort has passed levelSpeed; no cap. About
 /// twenty rounds at a grade of 0.1, fewer on steeper ones. The result lies just beyond the exact solution.
 /// Returns m/s. Reads bodyDrag, indoorMode, windSpeed. Writes slopeDirection and zeroPowerFlag.
-/// Faults: levelSpeed at or below -0.05, where the search has no end; as `levelSpeedForSlope`.
+/// A levelSpeed a hair above -0.05 (-0.04999 at a grade of 0.1) has no end in sight either: such a search goes on until
+/// goOn says no.
+/// Faults: levelSpeed at or below -0.05, where the search has no end, after it has written both; as
+/// `levelSpeedForSlope`.
 [[nodiscard]] double slopeSpeedForLevel(ModelState& state, double grade, double levelSpeed);
 
 /// A treadmill comparison for as long as it stands: sets indoorMode, and back to 0 when it goes.

@@ -3,7 +3,7 @@
 #include "model/arithmetic.h"
 #include "model/text.h"
 #include "model/units.h"
-#include "power/pace_text.h"
+#include "power/pace_and_weight_text.h"
 #include "power/running_power.h"
 
 namespace
@@ -14,7 +14,7 @@ namespace
     void printPowerRow(ModelState& state, bool kilometers, int i, TextPage& page)
     {
         const double f = kilometers ? kilometresPerMile : 1;
-        const double k = kilometers ? 4.184 : 1;   // kJ a kcal
+        const double k = kilometers ? joulesPerKcal / 1000 : 1;   // kJ a kcal
         const double weight = state.runner.weightKg;
         const double pace = kilometers ? 160 + 15 * (i + firstKilometerRow) : 160 + 20 * i;
         const double v = (metresPerMile / pace) / f;
@@ -22,9 +22,9 @@ namespace
         const double output = powerOutput(state, v, weight, 0, 1);
         const double gross = grossPower(state, v, weight, 0, 1);
         const double net = netPower(state, v, weight, 0, 1, 0);
-        const double grossEnergy = ((k * 3600) / 4184) * gross;   // kcal or kJ per hour
-        const double netEnergy = ((k * 3600) / 4184) * net;
-        const double mets = quotient((3600.0 / 4184) * gross, weight);
+        const double grossEnergy = ((k * 3600) / joulesPerKcal) * gross;   // kcal or kJ per hour
+        const double netEnergy = ((k * 3600) / joulesPerKcal) * net;
+        const double mets = quotient((3600 / joulesPerKcal) * gross, weight);
 
         print(page, "  ");
         print(page, paceText((metresPerMile / v) / f));

@@ -4,13 +4,12 @@
 #include "model/text.h"
 #include "model/units.h"
 #include "power/incline.h"
-#include "power/pace_text.h"
+#include "power/pace_and_weight_text.h"
 #include "power/running_power.h"
 
 namespace
 {
     constexpr double degreePi = 3.1415926;   // the figure of pi that degrees are shown with
-    constexpr double joulesPerKcal = 4184;
 
     /// Shows a speed of h miles per hour in its four fields.
     void showSpeed(SpeedFields& fields, double h)

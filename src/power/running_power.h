@@ -17,7 +17,8 @@
 // Faults, all but `runEfficiency`: a bodyDrag of 0, a grade below about -186, numbers beyond the range of a double.
 
 /// Mechanical efficiency of running on a slope.
-/// Returns a fraction: 0.21 on the level, less downhill, more uphill up to a grade of about 0.4.
+/// Returns a fraction: 0.21 on the level and less downhill; uphill more, up to 0.2738 at a grade of 0.106, from
+/// where it falls: it is back at 0.21 near 0.7.
 [[nodiscard]] double runEfficiency(double grade);
 
 /// Metabolic power used, base rate included, without wind. Reads bodyDrag.

@@ -7,7 +7,7 @@
 #include "model/text.h"
 #include "model/units.h"
 #include "power/incline.h"
-#include "power/pace_text.h"
+#include "power/pace_and_weight_text.h"
 
 namespace
 {

@@ -3,9 +3,7 @@
 #include <array>
 #include <cstddef>
 
-// The sentences hold for a bodyDrag of 60, whatever the data on the main form. Five of them, all outdoors, name the
-// figures of slightly other constants: 6:07 and 9.80 for a flat pace of 6:08 and 9.79, 8.18 for 8.19, 16.28 for 16.26,
-// 13.69 for 13.70. They stand as they have always stood, with their other slips.
+// The sentences hold for a bodyDrag of 60. Five differ from the tables in the last digit and stay.
 
 namespace
 {

@@ -7,8 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include "analysed_runner.h"
 #include "analysis/heart_rates.h"
+#include "analysis/training_analysis.h"
 #include "forms/colours.h"
+#include "model/race_time.h"
 #include "open_analysis.h"
 #include "support/close_to.h"
 #include "support/faults.h"
@@ -82,11 +85,22 @@ namespace
                        j == 0 || j == 9 ? classic::black : classic::grey, 1);
     }
 
+    TEST(HeartRateGraph, LabelsHeartRatesAsPrintedNumbers)
+    {
+        const DrawnGraph graph;
+        const std::string labels[] = {" 200", " 180", " 160", " 140", " 120", " 100", " 80", " 60"};
+        for (std::size_t i = 0; i < std::size(labels); ++i)
+        {
+            ASSERT_EQ(textsLike(graph.pic, labels[i]).size(), 1U) << labels[i];
+            expectAt(placeOf(graph.pic, labels[i]), i < 6 ? 120 : 200, 510 + static_cast<double>(i) * yStep);
+        }
+    }
+
     TEST(HeartRateGraph, HasItsLabelsInTheirPlaces)
     {
         const DrawnGraph graph;
         expectAt(placeOf(graph.pic, " 200"), 120, 600 - 90);
-        expectAt(placeOf(graph.pic, "100"), 120, 600 + 5 * yStep - 90);
+        expectAt(placeOf(graph.pic, " 100"), 120, 600 + 5 * yStep - 90);
         expectAt(placeOf(graph.pic, " 80"), 200, 600 + 6 * yStep - 90);
         expectAt(placeOf(graph.pic, " 60"), 200, 4600 - 90);
         expectAt(placeOf(graph.pic, "Heart"), 60, 600 + 2 * yStep + 80);
@@ -133,10 +147,11 @@ namespace
             ASSERT_TRUE(closeTo(at.y, 600 + (200 - samples.curveHr[i]) * yStep / 20));
             ASSERT_EQ(std::get<CirclePrimitive>(circles[i].shape).centre, at);
             ASSERT_EQ(std::get<CirclePrimitive>(circles[i].shape).radius, 8);
+            ASSERT_EQ(points[i].width, 2);
+            ASSERT_EQ(circles[i].width, 1);
+            ASSERT_EQ(points[i].colour, classic::lightBlue);
+            ASSERT_EQ(circles[i].colour, classic::lightBlue);
         }
-        EXPECT_EQ(points[0].width, 2);
-        EXPECT_EQ(points[0].colour, classic::lightBlue);
-        EXPECT_EQ(circles[0].colour, classic::lightBlue);
     }
 
     TEST(HeartRateGraph, MarksTheTrainingSpeeds)
@@ -158,6 +173,20 @@ namespace
         for (std::size_t i = 0; i < std::size(marks); ++i)
             expectLine(lines[18 + i], {xOf(marks[i].speed), 600}, {xOf(marks[i].speed), 4600}, marks[i].colour,
                        marks[i].width);
+    }
+
+    TEST(HeartRateGraph, ReachesAsFarAsTheRepetitionsThatVo2maxSpeedHasMadeFaster)
+    {
+        ModelState state = stateOfRunner("ultra");
+        (void)trainingAnalysis(state);
+        EXPECT_TRUE(closeTo(raceTimeAt(state, 1500) * 400 / 1500, 89.43119598688597));   // 880 / 89.4 + 1 = 10.8: 5 m/s
+        EXPECT_TRUE(closeTo(state.training.repSlowTime, 86.88987337134299));             // 880 / 86.9 + 1 = 11.1: 5.5
+        Picture pic;
+        drawHeartRateGraph(state, pic);
+        EXPECT_EQ(textsLike(pic, "5.5").size(), 1U);
+        EXPECT_TRUE(textsLike(pic, "6.0").empty());
+        EXPECT_EQ(shapesOf<LinePrimitive>(pic).size(), 7U + 9U + 10U);                     // from 60 to 180 beats
+        EXPECT_TRUE(closeTo(state.heartRateSamples.curveX[1000], 550 + 2 * 1000 * 2.0));   // 3.5 m/s, 1000 for 0.5 m/s
     }
 
     TEST(HeartRateGraph, TakesThePlaceOfTheOneBefore)

@@ -85,6 +85,36 @@ namespace
         EXPECT_TRUE(closeTo(speedsWith(state, 1200, &Training::thresholdSpeed), at16 / 1.02 * (1.02 - 4 * 0.002)));
     }
 
+    TEST(TrainingPaces, AerobicSpeedIsTheBlendOfTheSpeedsAtTheNeutralTimes)
+    {
+        ModelState state = stateOfRunner("tenK");
+        state.results.time5000 = 705;
+        findTrainingPaces(state);
+        ASSERT_TRUE(closeTo(state.training.time10k, 2400, 1e-12));
+        EXPECT_TRUE(closeTo(state.training.aerobicTrainSpeed, 3.2534150342635426));   // a second computation's blend
+    }
+
+    TEST(TrainingPaces, ThresholdIsTheBlendOfTheSpeedsTimesTwoFactorsAtTheNeutralTimes)
+    {
+        ModelState state = stateOfRunner("sprinter");
+        state.curve.aerobicPower = 734.1555594094779;
+        state.results.time5000 = 960;
+        findTrainingPaces(state);
+        ASSERT_TRUE(closeTo(state.training.time10k, 2160, 1e-12));
+        EXPECT_TRUE(closeTo(state.training.thresholdSpeed, 1.005 * 4.431275742503198 * 1.02));
+    }
+
+    TEST(TrainingPaces, TellWhatIsUnderWay)
+    {
+        ModelState state = stateOfRunner("tenK");
+        findTrainingPaces(state);
+        EXPECT_EQ(state.activity, "working out the training paces");
+        state.curve.aerobicPower = 0;
+        state.curve.anaerobicEnergy = 2.5e6;   // enough to 24 km; an hour's search begins at 25
+        EXPECT_EQ(faultOf([&] { findTrainingPaces(state); }), "the square root of a negative number");
+        EXPECT_EQ(state.activity, "searching the distance run in 3600 s");
+    }
+
     TEST(TrainingPaces, SlowRepetitionsAreNotSlowerThanVo2maxSpeed)
     {
         ModelState state = stateOfRunner("ultra");
@@ -111,6 +141,7 @@ namespace
         EXPECT_EQ(faultOf([&] { findTrainingPaces(state); }), "the square root of a negative number");
         EXPECT_GT(state.training.thresholdSpeed, 0) << "what was written before stays";
         EXPECT_EQ(state.training.aerobicTrainSpeed, 0);
+        EXPECT_EQ(state.activity, "working out the training paces");
     }
 
     TEST(DistanceFor, PairsTheDistanceWithTheTimeBeforeIt)
@@ -244,6 +275,43 @@ namespace
         EXPECT_EQ(faultOf([&] { (void)peakDistance(state, ratio); }),
                   "a search that cannot end, because the level is flat where it begins");
     }
+
+    /// Speed ratios beyond any runner's, whose search begins within metres.
+    struct ShortWalk
+    {
+        std::string name;
+        const char* runner;
+        double ratio, peakSeed, last, peak;   // km, m, km
+    };
+
+    std::ostream& operator<<(std::ostream& out, const ShortWalk& row)
+    {
+        return out << row.name;
+    }
+
+    class ShortWalks : public testing::TestWithParam<ShortWalk>
+    {};
+
+    TEST_P(ShortWalks, EndBelow5MetresAndPlaceTheTurnAllTheSame)
+    {
+        ModelState state = stateOfRunner(GetParam().runner);
+        EXPECT_TRUE(closeTo(peakDistance(state, GetParam().ratio), GetParam().peak));
+        EXPECT_TRUE(closeTo(state.training.peakSeed, GetParam().peakSeed));
+        EXPECT_TRUE(closeTo(state.results.curDistance, GetParam().last));
+    }
+
+    INSTANTIATE_TEST_SUITE_P(
+        OfASecondComputation, ShortWalks,
+        testing::Values(
+            ShortWalk{"down_in_9_steps", "tenK", 2.2, 0.01166373259223049, 4.946561213698479, 0.1074828685175494},
+            ShortWalk{"down_in_3_steps", "tenK", 2.5, 0.006632181741178257, 4.982856304416421, 0.0976751765060074},
+            ShortWalk{"down_in_2_steps", "tenK", 3, 0.005935648821438983, 4.905494893751226, 0.12177072004648243},
+            ShortWalk{"ultra", "ultra", 2.5, 0.006651966193443172, 4.997720656230782, 0.03515296599318283},
+            ShortWalk{"up_from_below", "woman", 2.5, 0.00022373177396650446, 0.2461049513631549, 0.0008140883954965436},
+            ShortWalk{"down_from_below", "woman", 2.2, 0.0010953759908907798, 0.9957963553552543,
+                      -0.00011058188000309155},
+            ShortWalk{"up_to_a_turn", "sprinter", 2.5, 0.006631349471819976, 59.379108706622624, 0.0508847946034202}),
+        byName);
 
     TEST(PeakDistance, OfABoyWithAgeComparisonFaultsBeyondTheTables)
     {

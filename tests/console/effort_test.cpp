@@ -1,11 +1,15 @@
 #include "console/effort_command.h"
 
+#include <algorithm>
+#include <cmath>
+#include <ostream>
 #include <sstream>
 #include <string>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "support/case_name.h"
 #include "support/close_to.h"
 
 namespace
@@ -66,6 +70,72 @@ namespace
             ran(convertIncline, {.speed = "4m/s", .treadmill = "outdoors", .json = true}).number("levelSpeed");
         EXPECT_EQ(ran(convertIncline, options).number("levelSpeed"), without) << "not felt on a treadmill";
     }
+
+    /// Net power at 72.7 kg and a height of 178 cm, worked out by the test itself.
+    double effortOf(double v, double g, double air, double wind)
+    {
+        if (v <= 0)
+            return 0;
+        const double efficiency = g > 0
+                                      ? 0.21 + 0.46 * std::pow(g, 0.88) - 0.51 * std::pow(std::max(g - 0.106, 0.0), 0.8)
+                                      : 0.21 * std::exp(4 * g);
+        const double past = v + wind;
+        return 72.7 / 68.2 *
+               (35 * std::pow(v, 1.36) / efficiency + 668.36 * air * past * std::abs(past) / 3600 * v / 0.27 +
+                668.36 * v * g / 0.275);
+    }
+
+    struct Marched
+    {
+        const char* name;
+        const char* grade;
+        const char* treadmill;
+        double wind, surfaceGrade;
+        double levelSpeed;   // for 4 m/s, shown to three decimals
+
+        friend std::ostream& operator<<(std::ostream& out, const Marched& row) { return out << row.name; }
+    };
+
+    class MarchedLevelSpeed : public testing::TestWithParam<Marched>
+    {};
+
+    /// The level speed of equal effort by halving an interval; then the chord between the march's points about it.
+    TEST_P(MarchedLevelSpeed, LiesOnTheChordAboutTheLevelSpeed)
+    {
+        const Marched& row = GetParam();
+        const std::string place = row.treadmill;
+        const double levelAir = place == "indoors" ? 0 : 1;
+        const double target = effortOf(4, row.surfaceGrade, place.empty() ? 1 : 0, place.empty() ? row.wind : 0);
+        double low = 0;
+        double high = 20;
+        for (int i = 0; i < 100; ++i)
+            (effortOf((low + high) / 2, 0, levelAir, 0) < target ? low : high) = (low + high) / 2;
+        const double start = place.empty() ? 4 : 3.5;
+        const double before = start + 0.05 * std::floor((low - start) / 0.05);
+        const double p0 = effortOf(before, 0, levelAir, 0);
+        const double p1 = effortOf(before + 0.05, 0, levelAir, 0);
+        const double expected = before + 0.05 * (target - p0) / (p1 - p0);
+        EXPECT_NEAR(expected, row.levelSpeed, 0.0005);
+        EXPECT_NEAR(expected, low, 1e-4) << "a chord of one step hardly leaves its curve";
+        const Ran run =
+            ran(convertIncline,
+                {.grade = row.grade, .speed = "4m/s", .treadmill = row.treadmill, .wind = row.wind, .json = true});
+        EXPECT_TRUE(closeTo(run.number("levelSpeed"), expected));
+    }
+
+    // Downhill can be harder than level: where it is very steep, in a head wind, and indoors as seen from the start of
+    // the march, which is 3.5 m/s.
+    INSTANTIATE_TEST_SUITE_P(
+        BothWays, MarchedLevelSpeed,
+        testing::Values(Marched{"cliff", "-40%", "", 0, -0.4, 5.046},
+                        Marched{"against_a_gale", "-2%", "", 8, -0.02, 4.591},
+                        Marched{"against_the_wind", "-1%", "", 6, -0.01, 4.428},
+                        Marched{"treadmill_a_hair_down", "-0.1%", "outdoors", 0, std::sin(std::atan(-0.001)), 3.878},
+                        Marched{"treadmill_down", "-1%", "indoors", 0, std::sin(std::atan(-0.01)), 3.859},
+                        Marched{"downhill", "-6%", "", 0, -0.06, 3.264}, Marched{"uphill", "1%", "", 0, 0.01, 4.139},
+                        Marched{"treadmill_steeply_down", "-20%", "outdoors", 0, std::sin(std::atan(-0.2)), 2.217},
+                        Marched{"treadmill_very_steeply_down", "-30%", "indoors", 0, std::sin(std::atan(-0.3)), 2.789}),
+        byName);
 
     TEST(Power, TellsWhatTheTableTells)
     {

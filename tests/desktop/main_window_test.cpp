@@ -472,17 +472,17 @@ namespace
             Button* const* button = std::get_if<Button*>(control);
             return button ? (*button)->opens : std::get<MenuItem*>(*control)->opens;
         }();
-        ASSERT_FALSE(opens.empty());
+        const bool there = opens.empty() || hasForm(open.program, opens);   // the report is no form
         const auto usable = [&] {
             auto* const widget = open.window.findChild<QWidget*>(name);
             return widget ? widget->isEnabled() : open.find<QAction>(name).isEnabled();
         };
         EXPECT_EQ(common(*control).enabled, GetParam().atOnce);
-        EXPECT_EQ(usable(), GetParam().atOnce && hasForm(open.program, opens));
+        EXPECT_EQ(usable(), GetParam().atOnce && there);
         enterSample(open.form());
         open.click("Command1");
         EXPECT_TRUE(common(*control).enabled);
-        EXPECT_EQ(usable(), hasForm(open.program, opens));
+        EXPECT_EQ(usable(), there);
     }
 
     INSTANTIATE_TEST_SUITE_P(OfEachForm, Openers,

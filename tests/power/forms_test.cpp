@@ -317,6 +317,20 @@ namespace
                   GoldenFile("power/golden", "tmill_after_a_downhill").expected);
     }
 
+    TEST(Tmill, GoesByTheDirectionThatTheQuickCalculatorLeft)
+    {
+        ToolForm tool("quickcalcs");
+        tool.open();
+        tool.slide("slopescrl", -20);
+        EXPECT_EQ(tool.state().incline.slopeDirection, -1);
+        tool.close();
+        tool.formName = "tmill";
+        tool.open();
+        EXPECT_EQ(tool.state().slopeTools.tmillMode, 1);
+        EXPECT_EQ(textOf(tool.get<TextSurface>("table").page),
+                  GoldenFile("power/golden", "tmill_after_a_downhill").expected);
+    }
+
     TEST(Eqpace, ShowsEveryState)
     {
         for (const int scale : {1, 2, 3, 4})

@@ -196,6 +196,34 @@ namespace
                         NoEnd{"standstill", 0, ""}, NoEnd{"creeping", 1e-9, ""}),
         [](const auto& row) { return row.param.name; });
 
+    TEST(SearchWithoutEnd, HasWrittenWhatItsStepsWriteBeforeIt)
+    {
+        for (const int mode : {0, 1, 2})
+        {
+            ModelState state;
+            state.incline.indoorMode = mode;
+            state.incline.slopeDirection = -1;
+            EXPECT_EQ(faultOf([&] { (void)slopeSpeedForLevel(state, -0.1, -4); }),
+                      "a search without an end (the level speed is negative)");
+            EXPECT_EQ(state.incline.slopeDirection, 1) << "nothing costs as much as nothing";
+            EXPECT_EQ(state.incline.zeroPowerFlag, 1);
+        }
+    }
+
+    TEST(SlopeSpeed, OfALevelSpeedJustAboveOneStepBelowNothingAsksWhetherToGoOn)
+    {
+        for (const double L : {-0.04999, -0.049999})
+        {
+            ModelState state;
+            int questions = 0;
+            state.goOn = [&] { return ++questions < 2; };
+            EXPECT_EQ(faultOf([&] { (void)slopeSpeedForLevel(state, 0.1, L); }),
+                      "a search that was stopped because it took too long")
+                << L;
+            EXPECT_EQ(questions, 2) << L;
+        }
+    }
+
     TEST(LevelSpeed, UpwardsToAnEffortBelowZeroFromBelowSpeedZeroDivides)
     {
         ModelState state;

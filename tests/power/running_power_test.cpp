@@ -54,6 +54,16 @@ namespace
         EXPECT_NEAR(runEfficiency(1), 0.204, 0.0005);
     }
 
+    TEST(Efficiency, IsMostAtTheBendAndBackAtTheLevelsNearSeventyPercent)
+    {
+        const double most = runEfficiency(0.106);
+        EXPECT_NEAR(most, 0.2738, 5e-5);
+        for (double g = -0.5; g < 1.5; g += 0.05)
+            EXPECT_LT(runEfficiency(g), most) << g;
+        EXPECT_GT(runEfficiency(0.69), 0.21);
+        EXPECT_LT(runEfficiency(0.7), 0.21);
+    }
+
     TEST(Powers, AtFiveMetresASecond)
     {
         ModelState state;
@@ -100,6 +110,18 @@ namespace
         EXPECT_LT(netPower(state, 1, 72.7, -0.32, 1, 0), 0);
         EXPECT_LT(powerOutput(state, 3, 72.7, -0.6, 1), 0);
         EXPECT_LT(grossPower(state, 5, 72.7, -0.25, 1), grossPower(state, 5, 72.7, 0, 1));
+    }
+
+    TEST(GrossPower, FallsBelowItsBaseRateOnASteepDownhill)
+    {
+        ModelState state;
+        // 80 + 35 / (0.21 * exp(-1)) - 668.36 * 0.25 / 0.275 = 80 + 453.05 - 607.6, and 0.69 of air
+        EXPECT_TRUE(closeTo(grossPower(state, 1, 68.2, -0.25, 0), -74.55302859015899));
+        EXPECT_TRUE(closeTo(grossPower(state, 1, 68.2, -0.25, 1), -73.8654154214347));
+        const double gentler = grossPower(state, 1, 68.2, -0.2, 1);   // 80 + 370.93 - 486.08 + 0.69
+        EXPECT_GT(gentler, -35);
+        EXPECT_LT(gentler, -34);
+        EXPECT_EQ(grossPower(state, 0, 68.2, -0.25, 1), 80) << "the base rate itself at rest";
     }
 
     TEST(Powers, OutputIsAboutAFifthOfNet)

@@ -84,6 +84,34 @@ namespace
         EXPECT_EQ(faultOf([&] { layPacingCurve(state, 10000); }), "division by zero");
     }
 
+    TEST(PacingCurve, HasNoneWhereAerobicAndFastHalfAreAsFarFromEvenPacing)
+    {
+        // a runner of one speed over all distances: what is left is the easing of the aerobic pace, less than 1 over
+        // short distances and more over long ones
+        ModelState state;
+        state.curve.aerobicPower = 500;
+        state.curve.refDistance = 1000;
+        state.curve.startDelay = 0;
+        const Special& s = state.special;
+        const auto difference = [&](double d) {
+            layPacingCurve(state, d);
+            return (s.aerobicHalfPace + s.fastHalfPace) - 2 * s.evenPace;
+        };
+        double low = 40000;
+        double high = 5000;
+        ASSERT_GT(difference(low), 0);
+        ASSERT_LT(difference(high), 0);
+        const std::string fault = faultOf([&] {
+            while (std::abs(low - high) > 1e-9)
+                (difference((low + high) / 2) > 0 ? low : high) = (low + high) / 2;
+            for (double d = high; d < low; d = std::nextafter(d, low))   // hundreds of them, and three differences
+                (void)difference(d);
+        });
+        EXPECT_EQ(fault, "division by zero");
+        EXPECT_NEAR(s.aerobicHalfPace + s.fastHalfPace, 2 * s.evenPace, 1e-9) << "of the one before it";
+        EXPECT_NEAR(state.results.curDistance, low / 2, 1e-3) << "it got as far as the half";
+    }
+
     TEST(PacingTable, BeginsWithEvenEffort)
     {
         Analysis analysis;
@@ -151,6 +179,25 @@ namespace
             EXPECT_TRUE(analysis.state.special.stored) << "it got as far as its level line";
             analysis.run("r", "0.02");
             EXPECT_EQ(analysis.fault, "");
+        }
+    }
+
+    TEST(PacingTable, ThatStepsJustPastTheCentreKeepsItsRows)
+    {
+        // e is 383.4875 and c 381.4973: the second first half is 381.4875 and its second half -24 seconds a mile
+        for (const char* mode : {"n", "r"})
+        {
+            Analysis analysis;
+            analysis.state = runnerOfTwoRaces();
+            analysis.entries.number = "1630";
+            analysis.entries.unit = SpecialUnit::meters;
+            analysis.run(mode, "0");
+            EXPECT_EQ(analysis.fault, "a search without an end (the level speed is negative)") << mode;
+            EXPECT_TRUE(closeTo(analysis.state.special.evenPace, 383.4875207406553));
+            EXPECT_TRUE(closeTo(analysis.state.special.pacingCentre, 381.49728284379887, 1e-8));
+            EXPECT_EQ(analysis.results.table.lines.size(), 3U) << "head, empty line, even effort";
+            EXPECT_NE(analysis.results.levelLine, "");
+            EXPECT_TRUE(analysis.results.winds.lines.empty());
         }
     }
 

@@ -98,12 +98,13 @@ namespace
         Analysis analysis;
         analysis.entries.number = "500000";
         analysis.entries.unit = SpecialUnit::meters;
-        for (const char* mode : {"", "n", "r"})
+        for (const char* mode : {"", "n", "c", "r"})
         {
             analysis.run(mode);
             EXPECT_EQ(analysis.fault, "") << mode;
             EXPECT_TRUE(analysis.said.empty());
             EXPECT_NE(analysis.results.levelLine, "");
+            EXPECT_EQ(analysis.results.hillLine.empty(), std::string(mode) != "c") << mode;
         }
     }
 

@@ -332,6 +332,23 @@ namespace
         EXPECT_EQ(form.caption("Command4"), "Switch to minutes/kilometer");
     }
 
+    TEST(Closing, LeavesTheWindAndTheDirectionOfTheLastHalf)
+    {
+        Specinfo form;
+        form.choose("Option3");
+        form.type("Text3", "0.02");
+        form.slide("wsscr", 30);
+        form.click("Command1");
+        EXPECT_TRUE(form.outside.faults.empty());
+        form.click("Command3");
+        EXPECT_EQ(form.form(), nullptr);
+        EXPECT_EQ(form.state().incline.windSpeed, -3) << "the head wind of the first half blows from behind";
+        EXPECT_EQ(form.state().incline.slopeDirection, -1) << "the second half goes down";
+        form.open();
+        EXPECT_EQ(form.state().incline.windSpeed, -3);
+        EXPECT_EQ(form.state().incline.slopeDirection, -1);
+    }
+
     TEST(Reopening, ComputesTheWindFromARestoredBarOfZero)
     {
         Specinfo form;
