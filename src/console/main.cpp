@@ -6,6 +6,8 @@
 #include "console/call_command.h"
 #include "console/drive_command.h"
 #include "console/effort_command.h"
+#include "console/heat_command.h"
+#include "console/levels_command.h"
 #include "console/predict_command.h"
 #include "console/report_command.h"
 
@@ -24,6 +26,8 @@ namespace
         addCall(app, status);
         addDrive(app, status);
         addEffort(app, status);
+        addHeat(app, status);
+        addLevels(app, status);
         try
         {
             app.parse(argc, argv);

@@ -10,6 +10,8 @@
 #include "program/analysis_forms.h"
 #include "program/planning_forms.h"
 #include "program/power_forms.h"
+#include "program/table_forms.h"
+#include "program/weather_forms.h"
 
 namespace
 {
@@ -100,6 +102,8 @@ Program::Program(Dialogs dialogs, Printer printer, std::filesystem::path setting
     addAnalysisForms(*this);
     addPowerForms(*this);
     addPlanningForms(*this);
+    addWeatherForms(*this);
+    addTableForms(*this);
 }
 
 void start(Program& program)
@@ -113,6 +117,7 @@ void stop(Program& program)
 {
     if (!program.vantstart)
         return;
+    program.stopping = true;
     for (const FormPlace& place : program.forms)
         unload(program, place);   // first, for what they store is saved
     saveSettings(program);
