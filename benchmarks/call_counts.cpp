@@ -8,6 +8,7 @@
 #include "planning_scenarios.h"
 #include "prediction/calculate.h"
 #include "scenarios.h"
+#include "table_scenarios.h"
 #include "tool_scenarios.h"
 
 namespace
@@ -45,4 +46,6 @@ int main()
     WorkoutEntries workout = fiveRows();
     printCounts(planRow, [&] { (void)planWorkout(runner, workout, {}, {}, messages); });
     printCounts(splitsRow, [&] { (void)analyseSplits(runner, fullGrid(), 1, SplitMethod::mix, messages); });
+    for (const TableScenario& scenario : tableActions())
+        printCounts(scenario.name, scenario.act);
 }

@@ -130,6 +130,7 @@ int main(int argumentCount, char** arguments)
     registerRoster();
     registerStarts();
     registerTools();
+    registerTables();
     benchmark::Initialize(&argumentCount, arguments);
     if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments))
         return 2;

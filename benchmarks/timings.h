@@ -15,4 +15,5 @@ void registerAnalyses();
 void registerPlanning();
 void registerRoster();
 void registerStarts();
+void registerTables();
 void registerTools();
