@@ -9,6 +9,7 @@
 #include "planning_scenarios.h"
 #include "prediction/calculate.h"
 #include "scenarios.h"
+#include "table_scenarios.h"
 #include "tool_scenarios.h"
 
 namespace
@@ -51,4 +52,6 @@ int main()
         ModelState hills = runnerBeforeHills(smooth);
         printCounts(smooth ? smoothCourseRow : straightCourseRow, [&] { solveAndSplit(hills, {}); });
     }
+    for (const TableScenario& scenario : tableActions())
+        printCounts(scenario.name, scenario.act);
 }

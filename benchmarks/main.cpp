@@ -131,6 +131,7 @@ int main(int argumentCount, char** arguments)
     registerRoster();
     registerStarts();
     registerTools();
+    registerTables();
     benchmark::Initialize(&argumentCount, arguments);
     if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments))
         return 2;

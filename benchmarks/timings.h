@@ -16,4 +16,5 @@ void registerCourses();
 void registerPlanning();
 void registerRoster();
 void registerStarts();
+void registerTables();
 void registerTools();

@@ -7,6 +7,8 @@
 #include "console/course_command.h"
 #include "console/drive_command.h"
 #include "console/effort_command.h"
+#include "console/heat_command.h"
+#include "console/levels_command.h"
 #include "console/predict_command.h"
 #include "console/report_command.h"
 
@@ -26,6 +28,8 @@ namespace
         addDrive(app, status);
         addEffort(app, status);
         addCourse(app, status);
+        addHeat(app, status);
+        addLevels(app, status);
         try
         {
             app.parse(argc, argv);

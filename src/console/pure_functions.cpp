@@ -16,6 +16,8 @@
 #include "power/incline.h"
 #include "power/running_power.h"
 #include "special/special_analysis.h"
+#include "weather/heat_table.h"
+#include "weather/humidity.h"
 #include "workouts/workout_plan.h"
 #include "workouts/zone_sentence.h"
 
@@ -256,6 +258,56 @@ namespace
         return courseGradeAt(state.course, numberAt(words, 0));
     }
 
+    Json callSaturationPressure(ModelState&, const Words& words)
+    {
+        return saturationPressure(numberAt(words, 0));
+    }
+
+    Json callSaturationTemp(ModelState&, const Words& words)
+    {
+        return saturationTemp(numberAt(words, 0));
+    }
+
+    Json callDewPoint(ModelState&, const Words& words)
+    {
+        return dewPoint(numberAt(words, 0), numberAt(words, 1));
+    }
+
+    Json callWetBulb(ModelState&, const Words& words)
+    {
+        return wetBulb(numberAt(words, 0), numberAt(words, 1));
+    }
+
+    Json callApproximateWbgt(ModelState&, const Words& words)
+    {
+        return approximateWbgt(numberAt(words, 0), numberAt(words, 1), numberAt(words, 2));
+    }
+
+    Json callHeatIndex(ModelState&, const Words& words)
+    {
+        return heatIndex(numberAt(words, 0), numberAt(words, 1));
+    }
+
+    Json callHumidex(ModelState&, const Words& words)
+    {
+        return humidexOf(numberAt(words, 0), numberAt(words, 1));
+    }
+
+    Json callHeatFatigueCoef(ModelState&, const Words& words)
+    {
+        return heatFatigueCoefOf(numberAt(words, 0), sexAt(words, 1) == 'f');
+    }
+
+    Json callIdealWbgt(ModelState&, const Words& words)
+    {
+        return idealWbgt(numberAt(words, 0), numberAt(words, 1), numberAt(words, 2));
+    }
+
+    Json callHeatDecrement(ModelState&, const Words& words)
+    {
+        return heatDecrement(numberAt(words, 0), numberAt(words, 1), numberAt(words, 2), sexAt(words, 3) == 'f');
+    }
+
     struct WordCount
     {
         std::size_t least = 0, most = 0;
@@ -325,6 +377,17 @@ const std::vector<PureFunction>& pureFunctions()
         {"altitudeSpeed", "speed seconds elevationDifference", callAltitudeSpeed},
         {"courseElevationAt", "x", callCourseElevationAt},
         {"courseGradeAt", "x", callCourseGradeAt},
+
+        {"saturationPressure", "T", callSaturationPressure},
+        {"saturationTemp", "e", callSaturationTemp},
+        {"dewPoint", "T rh", callDewPoint},
+        {"wetBulb", "T rh", callWetBulb},
+        {"approximateWbgt", "sun airC wetBulbC", callApproximateWbgt},
+        {"heatIndex", "T rh", callHeatIndex},
+        {"humidex", "T rh", callHumidex},
+        {"heatFatigueCoef", "weeklyMiles sex", callHeatFatigueCoef},
+        {"idealWbgt", "seconds weightKg heightCm", callIdealWbgt},
+        {"heatDecrement", "seconds marathonSeconds stray sex", callHeatDecrement},
     };
     return functions;
 }

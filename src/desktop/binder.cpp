@@ -371,7 +371,7 @@ namespace
         /// Whether a box has taken a paste.
         bool offer(TextBox& box, const QString& clip) const
         {
-            bool taken = false;
+            bool taken = true;   // what stops with a fault was a table
             enter(program, form.name + "." + box.name, false, [&] { taken = box.pasted(clip.toStdString()); });
             return taken;
         }

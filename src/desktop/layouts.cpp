@@ -6,6 +6,10 @@
 #include "ui_anaform.h"
 #include "ui_eqpace.h"
 #include "ui_graphform.h"
+#include "ui_heathum.h"
+#include "ui_perfgraph.h"
+#include "ui_perflevform.h"
+#include "ui_pertabspec.h"
 #include "ui_powen.h"
 #include "ui_pstrat.h"
 #include "ui_quickcalcs.h"
@@ -35,6 +39,10 @@ namespace
         NamedLayout{"anaform", layOut<Ui::anaform>},
         NamedLayout{"eqpace", layOut<Ui::eqpace>},
         NamedLayout{"graphform", layOut<Ui::graphform>},
+        NamedLayout{"heathum", layOut<Ui::heathum>},
+        NamedLayout{"perfgraph", layOut<Ui::perfgraph>},
+        NamedLayout{"perflevform", layOut<Ui::perflevform>},
+        NamedLayout{"pertabspec", layOut<Ui::pertabspec>},
         NamedLayout{"powen", layOut<Ui::powen>},
         NamedLayout{"pstrat", layOut<Ui::pstrat>},
         NamedLayout{"quickcalcs", layOut<Ui::quickcalcs>},

@@ -8,14 +8,6 @@ namespace
 
     constexpr char blank = ' ';
 
-    char separatorOf(std::string_view text)
-    {
-        for (const char separator : {'\t', ';', ','})
-            if (text.find(separator) != std::string_view::npos)
-                return separator;
-        return blank;
-    }
-
     /// The text with LF line ends and plain blanks: no control character but tabs and line ends, no hard blank.
     std::string cleaned(std::string_view text)
     {
@@ -45,13 +37,43 @@ namespace
         return i < text.size() && text[i] >= '0' && text[i] <= '9';
     }
 
+    /// Whether a comma is the only one of its text and stands between digits.
+    bool isDecimal(std::string_view text, std::size_t comma)
+    {
+        return comma > 0 && text.find(',') == comma && text.rfind(',') == comma && isDigitAt(text, comma - 1) &&
+               isDigitAt(text, comma + 1);
+    }
+
     std::string withDecimalPoint(std::string cell)
     {
         const std::size_t comma = cell.find(',');
-        if (comma != std::string::npos && comma > 0 && cell.find(',', comma + 1) == std::string::npos &&
-            isDigitAt(cell, comma - 1) && isDigitAt(cell, comma + 1))
+        if (comma != std::string::npos && isDecimal(cell, comma))
             cell[comma] = '.';
         return cell;
+    }
+
+    /// Whether the commas of a text are decimal points, as far as they can tell.
+    bool areDecimal(std::string_view text)
+    {
+        while (!text.empty())
+        {
+            const std::string_view line = text.substr(0, text.find('\n'));
+            const std::size_t comma = line.find(',');
+            if (comma != std::string_view::npos &&
+                (!isDecimal(line, comma) || line.find(':', comma) != std::string_view::npos))
+                return false;
+            text.remove_prefix(std::min(line.size() + 1, text.size()));
+        }
+        return true;
+    }
+
+    char separatorOf(std::string_view text, Commas commas)
+    {
+        for (const char separator : {'\t', ';'})
+            if (text.find(separator) != std::string_view::npos)
+                return separator;
+        const bool apart = text.find(',') != std::string_view::npos;
+        return apart && !(commas == Commas::maybeDecimal && areDecimal(text)) ? ',' : blank;
     }
 
     std::string finished(std::string_view cell, char separator)
@@ -104,10 +126,10 @@ namespace
     }
 }
 
-std::vector<std::vector<std::string>> pastedCells(std::string_view text)
+std::vector<std::vector<std::string>> pastedCells(std::string_view text, Commas commas)
 {
     const std::string clean = cleaned(text.substr(0, longestPaste));
-    const char separator = separatorOf(clean);
+    const char separator = separatorOf(clean, commas);
     std::vector<Cells> lines;
     for (std::string_view rest = clean; !rest.empty();)
     {

@@ -250,12 +250,13 @@ namespace
 
     Track gpxTrack(const pugi::xml_node& root)
     {
-        const auto hasPoints = [](const pugi::xml_node& node) {
-            return (isNamed(node, "trk") || isNamed(node, "rte")) &&
-                   findBelow(node, [](const auto& n) { return isNamed(n, "trkpt") || isNamed(n, "rtept"); });
+        const auto holdsPoints = [](const pugi::xml_node& part) {
+            return isNamed(part, "rtept") || (isNamed(part, "trkseg") && childNamed(part, "trkpt"));
         };
+        const pugi::xml_node track = root.find_child([&](const pugi::xml_node& node) {
+            return (isNamed(node, "trk") || isNamed(node, "rte")) && node.find_child(holdsPoints);
+        });
         TrackBuilder builder;
-        const pugi::xml_node track = findBelow(root, hasPoints);
         for (const pugi::xml_node& part : track)
         {
             if (isNamed(part, "rtept"))

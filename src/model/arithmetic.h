@@ -72,6 +72,15 @@ inline void countCall(ElementaryCall) {}
     return checked(std::log(x));
 }
 
+/// Logarithm to base 10.  Faults: as `naturalLog`.
+[[nodiscard]] inline double decimalLog(double x)
+{
+    if (x <= 0)
+        stopWith("the logarithm of zero or of a negative number");
+    countCall(ElementaryCall::naturalLog);
+    return checked(std::log10(x));
+}
+
 /// Faults: a result beyond the range of a double.
 [[nodiscard]] inline double exponential(double x)
 {

@@ -184,6 +184,25 @@ struct HeartRateSamples
     std::vector<double> curveSpeed, curveHr, curveX;   // as long as the longest graph so far
 };
 
+/// What the temperature and humidity form keeps.
+struct Heat
+{
+    double airTempK = 0;          // kelvin, freezing point at 273
+    double wbgtC = 0;             // approximate wet bulb globe temperature, degrees C
+    double heatFatigueCoef = 0;   // long-distance coefficient of the runner there, see `heatFatigueCoefOf`
+    double paceBase = 0;          // s/m at the distance of the reference race
+    double paceSlope = 0;         // growth of s/m for each unit of the natural logarithm of distance
+};
+
+/// What the graph of performance by age keeps. Index 0 of an array is age 5.
+struct AgeGraph
+{
+    int chosenRow = 15;                            // row of `tableDist` that is drawn, 1 to 24
+    double axisTop = 0;                            // s at the top of the axis
+    std::vector<std::vector<double>> levelTimes;   // s, by age and curve
+    std::vector<double> individualTimes;           // s, by age
+};
+
 struct ModelState
 {
     Runner runner;
@@ -198,6 +217,8 @@ struct ModelState
     Training training;
     HeartRateSamples heartRateSamples;
     Course course;
+    Heat heat;
+    AgeGraph ageGraph;
 
     std::string activity;   // what is under way, for the words of a fault: "fitting the race over 5000 m"
     GoOn goOn;              // asked in very long loops

@@ -331,6 +331,13 @@ void recalculate(VantstartForm& form)
     recalculate(form.state, input, form.results, form.outside.said);
 }
 
+void calculate(VantstartForm& form)
+{
+    CalculationInput input = entriesOf(form);
+    const OnLeaving showThem([&] { showResults(form, input); });
+    calculate(form.state, input, form.results, form.outside.said);
+}
+
 void clearRaces(VantstartForm& form)
 {
     for (RaceControls& race : form.races)

@@ -168,5 +168,9 @@ struct VantstartForm
 /// Faults: as `recalculate`; what was done before is shown.
 void recalculate(VantstartForm& form);
 
+/// One calculation of the entries, with curve constants and warnings as they stand.
+/// Faults: as `calculate`; what was done before is shown.
+void calculate(VantstartForm& form);
+
 /// Command7: empties the race rows and the table; the curve stays.
 void clearRaces(VantstartForm& form);

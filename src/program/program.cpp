@@ -11,6 +11,8 @@
 #include "program/course_forms.h"
 #include "program/planning_forms.h"
 #include "program/power_forms.h"
+#include "program/table_forms.h"
+#include "program/weather_forms.h"
 
 namespace
 {
@@ -102,6 +104,8 @@ Program::Program(Dialogs dialogs, Printer printer, std::filesystem::path setting
     addPowerForms(*this);
     addPlanningForms(*this);
     addCourseForms(*this);
+    addWeatherForms(*this);
+    addTableForms(*this);
 }
 
 void start(Program& program)
@@ -115,6 +119,7 @@ void stop(Program& program)
 {
     if (!program.vantstart)
         return;
+    program.stopping = true;
     for (const FormPlace& place : program.forms)
         unload(program, place);   // first, for what they store is saved
     saveSettings(program);

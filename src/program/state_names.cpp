@@ -261,6 +261,25 @@ namespace
                 places("curveC", &Course::curveC)};
     }
 
+    std::vector<StateName> heatNames()
+    {
+        return {number("airTempK", &ModelState::heat, &Heat::airTempK),
+                number("wbgtC", &ModelState::heat, &Heat::wbgtC),
+                number("heatFatigueCoef", &ModelState::heat, &Heat::heatFatigueCoef),
+                number("paceBase", &ModelState::heat, &Heat::paceBase),
+                number("paceSlope", &ModelState::heat, &Heat::paceSlope)};
+    }
+
+    std::vector<StateName> ageGraphNames()
+    {
+        return {whole("chosenRow", &ModelState::ageGraph, &AgeGraph::chosenRow),
+                number("axisTop", &ModelState::ageGraph, &AgeGraph::axisTop),
+                {"levelTimes", [](const ModelState& state) -> StateValue { return state.ageGraph.levelTimes; }, {}},
+                {"individualTimes",
+                 [](const ModelState& state) -> StateValue { return state.ageGraph.individualTimes; },
+                 {}}};
+    }
+
     std::vector<StateName> tableNames()
     {
         const auto times = [](const ModelState& state) -> StateValue {
@@ -283,8 +302,9 @@ const std::vector<StateName>& stateNames()
 {
     static const std::vector<StateName> names = [] {
         std::vector<StateName> all;
-        for (const std::vector<StateName>& some : {runnerNames(), raceNames(), curveNames(), resultNames(), flagNames(),
-                                                   tableNames(), slopeNames(), trainingNames(), courseNames()})
+        for (const std::vector<StateName>& some :
+             {runnerNames(), raceNames(), curveNames(), resultNames(), flagNames(), tableNames(), slopeNames(),
+              trainingNames(), courseNames(), heatNames(), ageGraphNames()})
             all.insert(all.end(), some.begin(), some.end());
         return all;
     }();

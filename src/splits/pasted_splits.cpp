@@ -86,7 +86,8 @@ namespace
     {
         std::optional<std::size_t> distance, time, minutes, seconds;
 
-        [[nodiscard]] bool any() const { return distance || time || minutes || seconds; }
+        [[nodiscard]] bool anyTime() const { return time || minutes || seconds; }
+        [[nodiscard]] bool any() const { return distance || anyTime(); }
     };
 
     Columns columnsNamed(const Cells& headings)
@@ -100,10 +101,15 @@ namespace
                     column = i;
             };
             take(columns.distance, "dist");
-            if (word == "minutes" || word == "seconds")
-                take(word == "minutes" ? columns.minutes : columns.seconds, word);
+            if (word == "minutes" || word == "min")
+                take(columns.minutes, word);
+            else if (word == "seconds" || word == "sec")
+                take(columns.seconds, word);
             else
+            {
                 take(columns.time, "time");
+                take(columns.time, "duration");
+            }
         }
         if (columns.minutes || columns.seconds)
             columns.time.reset();
@@ -202,7 +208,7 @@ std::vector<SplitTexts> pastedSplits(const std::vector<std::vector<std::string>>
     Columns columns;
     if (firstData != lines.begin())
         columns = columnsNamed(*std::prev(firstData));
-    if (!columns.any())
+    if (!columns.anyTime())
         columns = columnsByContents(data, cursor);
     if (cursor != SplitColumn::distance)
         columns.distance.reset();

@@ -22,10 +22,11 @@ struct SplitTexts
 /// Reads the rows of a table.
 ///   lines   the cells of each line; headings of the columns come first, if there are any
 ///   cursor  the column of the box that the table goes to
-/// Headings say which column is which: one with "dist", one with "time", or "Minutes" and "Seconds". Without them
-/// times are told by their colons, and the distances stand beside them; without a colon columns are distance, time in
-/// seconds, or distance, minutes, seconds. From a box for minutes or seconds on only times are taken. A line that sums
-/// up the others is left out, and so is what is no number and no time.
+/// Headings say which column is which: one with "dist", one with "time" or "duration", or "Minutes" and "Seconds",
+/// "min" and "sec" for short. If they name no time, or there are none, times are told by their colons, and the
+/// distances stand beside them; without a colon columns are distance, time in seconds, or distance, minutes, seconds.
+/// From a box for minutes or seconds on only times are taken. A line that sums up the others is left out, and so is
+/// what is no number and no time.
 /// Returns nothing when there is no number and no time.
 [[nodiscard]] std::vector<SplitTexts> pastedSplits(const std::vector<std::vector<std::string>>& lines,
                                                    SplitColumn cursor);

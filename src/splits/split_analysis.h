@@ -54,7 +54,7 @@ struct SplitAnalysis
 ///   unitFactor  m in a unit of distance: 1, 1000 or 1609.344
 ///   messages    gets the one that refuses the rows, if they are refused
 /// Returns nothing when the rows are refused.  Faults: a distance or time of 0, or below 0, among other rows; distances
-/// without a time on the curve; speeds whose mean of the fast half equals that of the slow half but for the last bit.
+/// without a time on the curve.
 /// 1,890 curve times for 27 rows.
 [[nodiscard]] std::optional<SplitAnalysis> analyseSplits(ModelState& state, const SplitEntries& entries,
                                                          double unitFactor, SplitMethod methodChoice,

@@ -1,11 +1,13 @@
 #include "splits/splitform_form.h"
 
 #include <algorithm>
-#include <iterator>
 #include <optional>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "forms/files.h"
+#include "forms/first_fault.h"
 #include "forms/on_leaving.h"
 #include "forms/pasted_cells.h"
 #include "forms/track_file.h"
@@ -83,6 +85,14 @@ namespace
         setText(row.splitdis, entry.distance);
         setText(row.splitmin, entry.minutes);
         setText(row.splitsec, entry.seconds);
+    }
+
+    /// Writes each box, whatever stops the event of one before it.
+    void writeRow(SplitRowControls& row, const SplitEntry& entry, FirstFault& fault)
+    {
+        fault.hold([&] { setText(row.splitdis, entry.distance); });
+        fault.hold([&] { setText(row.splitmin, entry.minutes); });
+        fault.hold([&] { setText(row.splitsec, entry.seconds); });
     }
 
     void deleteRow(SplitForm& form, SplitRowControls& row)
@@ -208,6 +218,13 @@ namespace
         const double unit = unitFactorOf(form);
         const double places = unit == 1 ? 10 : 10000;
         return plainText(roundHalfEven(metres / unit * places) / places);
+    }
+
+    /// Whether a lap is more than nothing once it is rounded.
+    bool isLap(const SplitTexts& texts)
+    {
+        const double seconds = val(texts.minutes.value_or("")) * 60 + val(texts.seconds.value_or(""));
+        return val(texts.distance.value_or("")) > 0 && seconds > 0;
     }
 
     SplitTexts textsOf(const SplitForm& form, const TrackLap& lap)
@@ -358,6 +375,7 @@ void duplicateRows(SplitForm& form)
 void fillRows(SplitForm& form, std::size_t row, const std::vector<SplitTexts>& texts)
 {
     const std::size_t room = splitRows - row;
+    FirstFault fault(form.state);
     {
         form.pasting = true;
         const OnLeaving over([&form] { form.pasting = false; });
@@ -365,22 +383,26 @@ void fillRows(SplitForm& form, std::size_t row, const std::vector<SplitTexts>& t
         {
             SplitRowControls& controls = form.rows[row + i];
             const SplitEntry old = entryOf(controls);
-            writeRow(controls, {texts[i].distance.value_or(old.distance), texts[i].minutes.value_or(old.minutes),
-                                texts[i].seconds.value_or(old.seconds)});
+            writeRow(controls,
+                     {texts[i].distance.value_or(old.distance), texts[i].minutes.value_or(old.minutes),
+                      texts[i].seconds.value_or(old.seconds)},
+                     fault);
         }
     }
     if (texts.size() > room)
-        form.outside.said.push_back({"There is room for " + std::to_string(room) + " of " +
-                                     std::to_string(texts.size()) + " rows; the others were left out."});
-    analyse(form);
+        form.outside.said.push_back(
+            {"There is room for " + std::to_string(room) + " of the rows; the others were left out."});
+    fault.hold([&form] { analyse(form); });
+    fault.raise();
 }
 
 bool pasteSplits(SplitForm& form, std::size_t row, SplitColumn column, const std::string& text)
 {
-    const std::vector<std::vector<std::string>> cells = pastedCells(text);
-    const bool single = cells.size() == 1 && cells.front().size() == 1;
-    if (single && text.find(':') == std::string::npos)
+    const std::string_view entry = std::string_view(text).substr(0, text.find_last_not_of("\r\n") + 1);
+    if (entry.find_first_of("\t;:\r\n") == std::string_view::npos)
         return false;   // one entry, typed as it is
+    const std::vector<std::vector<std::string>> cells =
+        pastedCells(text, column == SplitColumn::distance ? Commas::separators : Commas::maybeDecimal);
     const std::vector<SplitTexts> texts = pastedSplits(cells, column);
     if (texts.empty())
         return false;
@@ -394,15 +416,15 @@ void importLaps(SplitForm& form, const std::string& bytes)
     const std::optional<Track> track = readTrack(bytes, form.outside.said);
     if (!track)
         return;
-    const std::vector<TrackLap> laps = lapsOf(form, *track);
-    if (laps.empty())
+    std::vector<SplitTexts> texts;
+    for (const TrackLap& lap : lapsOf(form, *track))
+        if (SplitTexts one = textsOf(form, lap); isLap(one))
+            texts.push_back(std::move(one));
+    if (texts.empty())
     {
         form.outside.said.push_back({"The file has neither laps nor a track with times."});
         return;
     }
-    std::vector<SplitTexts> texts;
-    std::transform(laps.begin(), laps.end(), std::back_inserter(texts),
-                   [&form](const TrackLap& lap) { return textsOf(form, lap); });
     clearRows(form);
     fillRows(form, 0, texts);
 }

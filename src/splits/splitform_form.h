@@ -105,15 +105,15 @@ void analyse(SplitForm& form);
 void duplicateRows(SplitForm& form);
 
 /// Fills rows from `row` on with texts, as typed box by box, and analyses once at the end. What does not fit is told.
-/// Faults: as the analysis.
+/// Faults: as the paces of a row and the analysis, the first of them, when all is written.
 void fillRows(SplitForm& form, std::size_t row, const std::vector<SplitTexts>& texts);
 
 /// A paste into a box of a row. Returns whether it was a table or a time; anything else is left to the box.
-/// Faults: as the analysis.
+/// Faults: as `fillRows`.
 bool pasteSplits(SplitForm& form, std::size_t row, SplitColumn column, const std::string& text);
 
 /// Fills the grid with the laps of a file's bytes, in the form's unit, or tells why it can't.
-/// Faults: as the analysis.
+/// Faults: as `fillRows`.
 void importLaps(SplitForm& form, const std::string& bytes);
 
 /// The filled rows and the result, as they are copied and saved.

@@ -9,8 +9,7 @@
 namespace
 {
     constexpr int passes = 6;
-    constexpr double continuousRatio = 999999;   // percent: next to no recovery
-    constexpr double pointSeconds = 58.3;        // one stress point is that time at vo2maxSpeed
+    constexpr double pointSeconds = 58.3;   // one stress point is that time at vo2maxSpeed
 
     struct RowNumbers
     {

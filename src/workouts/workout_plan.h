@@ -14,6 +14,7 @@
 
 inline constexpr int workoutRowCount = 5;
 inline constexpr int lastWorkoutRow = workoutRowCount - 1;
+inline constexpr double continuousRatio = 999999;   // percent: next to no recovery
 
 /// One row as typed.
 struct WorkoutEntry

@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "forms/first_fault.h"
 #include "forms/on_leaving.h"
 #include "model/arithmetic.h"
 #include "model/race_time.h"
@@ -18,7 +19,6 @@ namespace
 {
     constexpr double lowestVoluntaryPurpose = 94;   // percent of intensity below which only race pace counts
     constexpr int racePurpose = 100;
-    constexpr const char* continuousRatio = "999999";
 
     constexpr const char* intervalWords =
         "Enter up to 5 distances, the number of repetitions for each, and the work to recovery (time) ratio (you can "
@@ -161,14 +161,27 @@ namespace
         showZone(form, plan, percentOfStandard);
     }
 
+    void noteEntry(WorkoutsForm& form)
+    {
+        form.worthKeeping = form.worthKeeping || !form.loading;
+    }
+
+    void takeEntry(WorkoutsForm& form)
+    {
+        noteEntry(form);
+        planWorkout(form);
+    }
+
     void takePurpose(WorkoutsForm& form)
     {
+        noteEntry(form);
         setText(form.vrtext, plainText(form.repvoscrl.value));
         planWorkout(form);
     }
 
     void takeRecoveryPace(WorkoutsForm& form)
     {
+        noteEntry(form);
         setText(form.recovpacetxt, plainText(form.recovpace.value));
         planWorkout(form);
     }
@@ -180,6 +193,7 @@ namespace
 
     void takeIntensity(WorkoutsForm& form)
     {
+        noteEntry(form);
         setText(form.pctmaxtxt, plainText(halfOf(form.pctmax)));
         setEnabled(form.repvoscrl, true);
         if (isBelowVoluntaryPurpose(form))
@@ -193,6 +207,7 @@ namespace
     /// While it is dragged the purpose moves, and is disabled only when the bar is let go.
     void takeDraggedIntensity(WorkoutsForm& form)
     {
+        noteEntry(form);
         setText(form.pctmaxtxt, plainText(halfOf(form.pctmax)));
         if (isBelowVoluntaryPurpose(form))
             setValue(form.repvoscrl, racePurpose);
@@ -218,6 +233,7 @@ namespace
 
     void takeLevel(WorkoutsForm& form)
     {
+        noteEntry(form);
         setText(form.perfadjtxt, plainText(halfOf(form.perfadj)));
         showRaceTimes(form);
         planWorkout(form);
@@ -246,6 +262,7 @@ namespace
 
     void chooseIntervals(WorkoutsForm& form)
     {
+        noteEntry(form);
         setText(lastRowOf(form).num, "0");
         const std::vector<WorkoutRowControls*> upper = upperRowsOf(form);
         for (WorkoutRowControls* row : upper)
@@ -259,7 +276,8 @@ namespace
 
     void chooseContinuousRun(WorkoutsForm& form)
     {
-        setText(lastRowOf(form).wrp, continuousRatio);
+        noteEntry(form);
+        setText(lastRowOf(form).wrp, plainText(continuousRatio));
         setText(lastRowOf(form).num, "3.5");
         setTicked(form.acwr, false);
         setEnabled(form.acwr, false);
@@ -278,26 +296,29 @@ namespace
             setValue(bar, std::llround(std::clamp<double>(roundHalfEven(*value), bar.min, bar.max)));
     }
 
-    /// Puts the stored entries back one by one; each plans the workout anew.
+    /// Puts the stored entries back one by one; each plans the workout anew. What stands between two of them may be no
+    /// workout, though all together are one, so that a fault waits until every entry is back.
     void restore(WorkoutsForm& form)
     {
         const StoredPlanner stored = form.stored;
         if (!isPresent(stored))
             return;
-        setChosen(form.ints, true);
+        FirstFault fault(form.state);
+        fault.hold([&] { setChosen(form.ints, true); });
         if (*stored.workoutMode == 2)
-            setChosen(form.scrun, true);
-        setTicked(form.acwr, stored.acwr);
-        restore(form.repvoscrl, stored.repvoscrl);
-        restore(form.recovpace, stored.recovpace);
-        restore(form.pctmax, stored.pctmax);
-        restore(form.perfadj, stored.perfadj);
+            fault.hold([&] { setChosen(form.scrun, true); });
+        fault.hold([&] { setTicked(form.acwr, stored.acwr); });
+        fault.hold([&] { restore(form.repvoscrl, stored.repvoscrl); });
+        fault.hold([&] { restore(form.recovpace, stored.recovpace); });
+        fault.hold([&] { restore(form.pctmax, stored.pctmax); });
+        fault.hold([&] { restore(form.perfadj, stored.perfadj); });
         for (std::size_t i = 0; i < plannerRows; ++i)
         {
-            setText(form.rows[i].dist, stored.rows[i].dist);
-            setText(form.rows[i].num, stored.rows[i].num);
-            setText(form.rows[i].wrp, stored.rows[i].wrp);
+            fault.hold([&] { setText(form.rows[i].dist, stored.rows[i].dist); });
+            fault.hold([&] { setText(form.rows[i].num, stored.rows[i].num); });
+            fault.hold([&] { setText(form.rows[i].wrp, stored.rows[i].wrp); });
         }
+        fault.raise();
     }
 
     /// A first impression of the load and the paces, until the next change plans the workout. Each row counts as
@@ -388,8 +409,8 @@ namespace
     {
         for (WorkoutRowControls& row : form.rows)
             for (TextBox* box : {&row.dist, &row.num, &row.wrp})
-                box->changed = [&form] { planWorkout(form); };
-        form.acwr.clicked = [&form] { planWorkout(form); };
+                box->changed = [&form] { takeEntry(form); };
+        form.acwr.clicked = [&form] { takeEntry(form); };
         form.repvoscrl.changed = [&form] { takePurpose(form); };
         form.recovpace.changed = [&form] { takeRecoveryPace(form); };
         form.pctmax.changed = [&form] { takeIntensity(form); };
@@ -474,7 +495,6 @@ WorkoutsForm::WorkoutsForm(ModelState& modelState, Outside& formOutside, StoredP
 
 void planWorkout(WorkoutsForm& form)
 {
-    form.worthKeeping = form.worthKeeping || !form.loading;
     WorkoutEntries entries = entriesOf(form);
     PlanListener listener;
     listener.standard = [&form](double standardPoints) { showStandard(form, standardPoints); };

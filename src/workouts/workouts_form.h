@@ -34,7 +34,7 @@ struct WorkoutsForm
     Outside& outside;
     StoredPlanner& stored;   // what is kept between openings; all but acwr goes to the settings, too
     bool loading = false;
-    bool worthKeeping = false;   // not while a fault has cut the opening short and nothing was entered since
+    bool worthKeeping = false;   // not when a fault stopped the opening and nothing was entered since
 
     OptionButton ints{{.name = "ints", .caption = "Intervals", .tip = "Repetitions with recoveries between them"},
                       true};

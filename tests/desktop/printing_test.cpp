@@ -135,6 +135,27 @@ namespace
         EXPECT_EQ(paper.pages().size(), 1);
     }
 
+    TEST(PrintedReport, ReadsBackLineByLine)
+    {
+        const ScratchDirectory folder;
+        OpenWindow open{(writeSample(folder.path()), folder.path())};
+        std::vector<std::string> lines;
+        open.program.outside.printer.printText = [&](const std::vector<std::string>& printed) { lines = printed; };
+        open.choose({"print", "pfull"});
+        QStringList expected;
+        for (const std::string& line : lines)
+            if (const QString words = QString::fromStdString(line).simplified(); !words.isEmpty())
+                expected << words;
+        ASSERT_GE(expected.size(), 50);
+        EXPECT_THAT(expected.front().toStdString(), testing::HasSubstr("full report on"));
+        PaperInAFile paper;
+        paintLines(paper.printer, lines);
+        QStringList printed;
+        for (const QString& line : linesOf(paper.pages()))
+            printed << line.simplified();
+        EXPECT_EQ(printed.join('\n').toStdString(), expected.join('\n').toStdString());
+    }
+
     int unlike(const QImage& image, const QRect& place, QColor colour)
     {
         int count = 0;

@@ -69,6 +69,16 @@ namespace
         EXPECT_NEAR(read.points[1].distance, 1111.95, 0.01);
     }
 
+    TEST(Gpx, HasItsTracksAtItsTopAndTheirPointsWhereTheyBelong)
+    {
+        const std::string point = "<trkpt lat=\"0\" lon=\"0\"/>";
+        EXPECT_TRUE(track("<gpx><a><trk><trkseg>" + point + "</trkseg></trk></a></gpx>").points.empty());
+        EXPECT_TRUE(track("<gpx><trk><trk><trkseg>" + point + "</trkseg></trk></trk></gpx>").points.empty());
+        const Track read = track("<gpx><trk><extensions>" + point + "</extensions>" + point + "<trkseg/></trk><trk>" +
+                                 "<trkseg>" + point + point + "</trkseg></trk></gpx>");
+        EXPECT_EQ(read.points.size(), 2U);
+    }
+
     TEST(Gpx, LeavesOutPointsWithoutAPlace)
     {
         for (const char* point : {"<trkpt lat=\"91\" lon=\"0\"/>", "<trkpt lat=\"x\" lon=\"0\"/>", "<trkpt lon=\"0\"/>",

@@ -105,6 +105,18 @@ namespace
                       distance,
                       "Lap,Time,Cumulative Time,Distance km,Pace\n1,4:05,4:05,1.00,4:05\n",
                       {{"1.00", "4", "5"}}},
+            PasteCase{"short headings",
+                      distance,
+                      "Distance,Min,Sec\n400,1,15\n300,1,5\n",
+                      {{"400", "1", "15"}, {"300", "1", "5"}}},
+            PasteCase{"heading of a duration",
+                      distance,
+                      "Lap\tDuration\tMoving Time\tDistance\n1\t245\t240\t1000\n",
+                      {{"1000", "4", "5"}}},
+            PasteCase{"headings that name no time",
+                      distance,
+                      "Distance\tRun\n400\t1:15\n300\t1:05\n",
+                      {{"400", "1", "15"}, {"300", "1", "5"}}},
             PasteCase{"a table of its own",
                       distance,
                       "Split,Distance,Minutes,Seconds,Min/mile,Sec/400 m,Even Split Times\n"
@@ -134,6 +146,43 @@ namespace
                         PasteCase{"clock of four parts", distance, "1:2:3:4\tx", {}},
                         PasteCase{"colons alone", distance, ":\t::\t1:", {}},
                         PasteCase{"headings alone", distance, "Distance\tTime\n", {}}),
+        byName);
+
+    struct CommaCase
+    {
+        std::string name;
+        std::string text;
+        std::vector<std::vector<std::string>> parted, decimal;
+
+        friend std::ostream& operator<<(std::ostream& out, const CommaCase& row) { return out << row.name; }
+    };
+
+    class CommasOf : public testing::TestWithParam<CommaCase>
+    {};
+
+    TEST_P(CommasOf, PartCellsOrAreDecimal)
+    {
+        EXPECT_EQ(pastedCells(GetParam().text), GetParam().parted);
+        EXPECT_EQ(pastedCells(GetParam().text, Commas::maybeDecimal), GetParam().decimal);
+    }
+
+    INSTANTIATE_TEST_SUITE_P(
+        Texts, CommasOf,
+        testing::Values(
+            CommaCase{"one in each line", "75,3\n76,1\n", {{"75", "3"}, {"76", "1"}}, {{"75.3"}, {"76.1"}}},
+            CommaCase{"a whole number and a gap",
+                      "75,3\r\n76\r\n\r\n9,5",
+                      {{"75", "3"}, {"76"}, {}, {"9", "5"}},
+                      {{"75.3"}, {"76"}, {}, {"9.5"}}},
+            CommaCase{"behind a colon", "1:15,5\n1:16,2", {{"1:15", "5"}, {"1:16", "2"}}, {{"1:15.5"}, {"1:16.2"}}},
+            CommaCase{"before a colon",
+                      "400,1:15\n800,2:31",
+                      {{"400", "1:15"}, {"800", "2:31"}},
+                      {{"400", "1:15"}, {"800", "2:31"}}},
+            CommaCase{"two in a line", "75,3\n1,2,3", {{"75", "3"}, {"1", "2", "3"}}, {{"75", "3"}, {"1", "2", "3"}}},
+            CommaCase{"not between digits", "75,3\n1,", {{"75", "3"}, {"1", ""}}, {{"75", "3"}, {"1", ""}}},
+            CommaCase{"first of a line", "75,3\n,1", {{"75", "3"}, {"", "1"}}, {{"75", "3"}, {"", "1"}}},
+            CommaCase{"tabs as well", "75,3\t1,5", {{"75.3", "1.5"}}, {{"75.3", "1.5"}}}),
         byName);
 
     TEST(PastedCells, AreBounded)

@@ -96,7 +96,7 @@ struct PlanningProgram
     bool paste(const std::string& box, const std::string& pasted)
     {
         TextBox& record = usable<TextBox>(box);
-        bool taken = false;
+        bool taken = true;   // what stops with a fault was a table
         enter(program, formName + "." + box, false, [&] { taken = record.pasted(pasted); });
         return taken;
     }

@@ -227,6 +227,31 @@ namespace
         EXPECT_EQ(automaticRatio(0), 0);
     }
 
+    TEST(HeartRateOfEfforts, MayPassTheMaximum)
+    {
+        ModelState state;
+        setUsualCurve(state);
+        setUsualTraining(state);
+        WorkoutSettings settings;
+        settings.intensityPct = 87.5;   // a drift of 2 ^ (0.031 + 0.053) for an hour
+        settings.recovPct = 100;        // the mean takes nothing of the efforts' rate
+        WorkoutPlan plan;
+        plan.fastTime = 3600;
+        plan.fastDist = 12240;   // 3.4 m/s: 141 beats, 149.5 with the drift
+        plan.recoveryTotalTime = 900;
+        plan.totalDist = 20700;   // 4.6 m/s: 185 beats, 196.1 with the drift
+        plan.repeatCount = 600;   // 6 s each: 1 - 6 / 120 = 0.95
+        const WorkoutHeartRates rates = workoutHeartRates(state, plan, settings);
+        const double d = std::exp2(0.084);
+        const double effortHr = 141 * d + (185 - 141) * d * 0.857375;   // 0.95 ^ 3; 189.44
+        EXPECT_TRUE(closeTo(rates.effortHr, effortHr));
+        EXPECT_TRUE(closeTo(rates.recoveryHr, effortHr)) << "416 held down to the mean";
+        EXPECT_TRUE(closeTo(rates.meanHr, effortHr)) << "235 held down to the efforts";
+        EXPECT_TRUE(closeTo(rates.hrPercentMax, effortHr / 1.85));
+        EXPECT_TRUE(closeTo(rates.hrPercentReserve, (effortHr - 50) / 1.35));
+        EXPECT_GT(rates.effortHr, 189);
+    }
+
     TEST(Fault, NamesTheRowAndItsRatio)
     {
         ModelState state;

@@ -376,6 +376,25 @@ namespace
         EXPECT_EQ(planner.text("wrp(2)"), "4");
     }
 
+    TEST(AutomaticRatio, ThatTheNextPassRefusesLeavesThePointsOfThePassBefore)
+    {
+        OpenPlanner planner;
+        planner.tick("acwr", true);
+        planner.expectLabels(fourTimes800);
+        planner.type("dist(2)", "0.5");
+        EXPECT_EQ(planner.said().size(), 2U);
+        planner.expectLabels({{"Label3(2)", "  0.0"},       // 4 efforts of 0.1 s: 0.4 / 58.3 of a point
+                              {"rptslbl(2)", "  0.0"},      // 10 s at half of the speed: 10 / 16 / 58.3
+                              {"split(2)", "    3:00  "},   // all else is of the plan before
+                              {"restd(2)", "351"},
+                              {"fastm", "3200"},
+                              {"totload", " 12.3"},
+                              {"totldst", "16"},
+                              {"stload", "76"},
+                              {"approxhr", "177"},
+                              {"zonelbl", "VO2 max pace, but somewhat easy due to short workout"}});
+    }
+
     TEST(ContinuousRun, IsPlannedInTheLastRow)
     {
         OpenPlanner planner;
