@@ -269,7 +269,8 @@ GraphformForm::GraphformForm(ModelState& modelState, Outside& formOutside, const
     form.opened = [this] { paceGraph(*this); };
     Command1.clicked = [this] { outside.closeForm(form.name); };
     Command2.clicked = [this] {
-        outside.printer.printForm({.form = form.name, .hidden = {Command1.name, Command2.name}});
+        if (outside.printer.printForm)
+            outside.printer.printForm({.form = form.name, .hidden = {Command1.name, Command2.name}});
     };
     form.controls = {&Surface, &Command1, &Command2};
 }

@@ -22,8 +22,6 @@ namespace
     using Json = nlohmann::ordered_json;
 
     constexpr double standardDistance = 10000;   // m, of the free row
-    constexpr std::array<const char*, heatRows> rowNames{"",       "400 m",  "800 m",   "1500 m",    "1 mile",
-                                                         "3000 m", "5000 m", "10000 m", "half mara", "marathon"};
 
     struct Weather
     {
@@ -79,9 +77,9 @@ namespace
         if (entries.races.size() < 2)
             heat.race2 = {false, 0, heat.race1.metres};
         heat.dispred = entries.distances.empty() ? standardDistance : entries.distances.front().distance.distance;
-        heat.wtkg = entries.kgWeight.value_or(standardWeightKg);
-        heat.htcm = entries.cmHeight.value_or(standardHeightCm);
-        heat.agetx = val(entries.age.value_or(""));
+        heat.wtkg = plainText(entries.kgWeight.value_or(standardWeightKg));
+        heat.htcm = plainText(entries.cmHeight.value_or(standardHeightCm));
+        heat.agetx = entries.age.value_or("");
         heat.weekmi = inputOf(entries).weeklyMiles;
         heat.fop = entries.sex == 'f';
         return heat;
@@ -121,7 +119,7 @@ namespace
         std::string lines = "\n             In ideal weather  In this weather   Percent longer\n";
         for (std::size_t row = 0; row < heatRows; ++row)
         {
-            const std::string name = row == 0 ? plainText(dispred) + " m" : rowNames[row];
+            const std::string name = row == 0 ? plainText(dispred) + " m" : heatRowNames[row];
             lines += padded(name, 14) + table[row].idealt + "        " + table[row].givent + "       " +
                      table[row].pdec + '\n';
         }
@@ -177,6 +175,12 @@ namespace
 int tellHeat(const HeatOptions& options, std::ostream& out, std::ostream& errors)
 {
     std::string wrong;
+    if (const auto useless =
+            uselessOption(options, "heat", {"best-two", "english", "all-distances", "level", "age-compare"}))
+    {
+        errors << *useless << '\n';
+        return exitWrongUsage;
+    }
     const auto kelvin = readTemperature(options.temperature, wrong);
     const auto entries = kelvin ? entriesOf(options, wrong) : std::nullopt;
     const auto heat = entries ? heatEntriesOf(*entries, wrong) : std::nullopt;

@@ -144,6 +144,11 @@ namespace
 int tellLevels(const LevelsOptions& options, std::ostream& out, std::ostream& errors)
 {
     std::string wrong;
+    if (const auto useless = uselessOption(options, "levels", {"english", "all-distances", "level", "distance"}))
+    {
+        errors << *useless << '\n';
+        return exitWrongUsage;
+    }
     const auto entries = entriesOf(options, wrong);
     if (!entries)
     {

@@ -1,5 +1,6 @@
 #include "console/runner_options.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <ostream>
 
@@ -76,6 +77,15 @@ std::optional<RunnerEntries> entriesOf(const RunnerOptions& options, std::string
     if (!file)
         return std::nullopt;
     return overlaid(*file, typed);
+}
+
+std::optional<std::string> uselessOption(const RunnerOptions& options, std::string_view command,
+                                         std::initializer_list<std::string_view> keys)
+{
+    for (const auto& [key, text] : options.entries)
+        if (std::find(keys.begin(), keys.end(), key) != keys.end())
+            return "--" + key + ": " + std::string(command) + " has no use for it";
+    return std::nullopt;
 }
 
 int written(int status, std::ostream& out, std::ostream& errors)

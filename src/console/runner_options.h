@@ -1,8 +1,10 @@
 #pragma once
 
+#include <initializer_list>
 #include <iosfwd>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -30,6 +32,11 @@ void addRunnerOptions(CLI::App& command, RunnerOptions& options);
 
 /// The entries as typed, over those of the runner file if there is one; nothing for wrong usage, and `wrong` says why.
 [[nodiscard]] std::optional<RunnerEntries> entriesOf(const RunnerOptions& options, std::string& wrong);
+
+/// What is wrong where one of these options has been typed, which ask for what a command does not give; nothing if none
+/// has. Facts of the runner can be told to every command, and a runner file may hold anything.
+[[nodiscard]] std::optional<std::string> uselessOption(const RunnerOptions& options, std::string_view command,
+                                                       std::initializer_list<std::string_view> keys);
 
 /// The exit status of a command whose output is complete: `status`, or 1 if the output can't be written.
 [[nodiscard]] int written(int status, std::ostream& out, std::ostream& errors);

@@ -71,7 +71,9 @@ struct ProfileForm
     TextBox mousegrade{
         {.name = "mousegrade", .tip = "Grade of the course there, rise over horizontal distance"}, "", {}, true};
 
-    Label pointHeading{{.name = "pointHeading", .caption = "Dist from start  Elevation"}};
+    Label pointHeading{{.name = "pointHeading",   // not shown: each box has its own word of it
+                        .caption = "Dist from start  Elevation",
+                        .visible = false}};
     TextBox distx{{.name = "distx", .caption = "Dist from start", .tip = "Where a point is, in the distance's unit"}};
     TextBox eletx{{.name = "eletx", .caption = "Elevation", .tip = "Elevation of the point, in the elevations' unit"}};
     Button Command4{{.name = "Command4", .caption = "Enter", .tip = "Add the point to the course"}};
@@ -83,7 +85,9 @@ struct ProfileForm
     OptionGroup lines{{&cdots, &scur}};
     CheckBox update{{.name = "update", .caption = "Update ", .tip = "Work the times out after each change"}, true};
 
-    Label distanceHeading{{.name = "distanceHeading", .caption = "Horizontal     Along slope"}};
+    Label distanceHeading{{.name = "distanceHeading",   // not shown: each box has its own word of it
+                           .caption = "Horizontal     Along slope",
+                           .visible = false}};
     TextBox Text2{
         {.name = "Text2", .caption = "Total distance in meters", .tip = "Horizontal distance, meters"}, "", {}, true};
     TextBox Text3{
@@ -92,7 +96,9 @@ struct ProfileForm
     TextBox risetx{{.name = "risetx", .caption = "Rise", .tip = "All climbs, in the elevations' unit"}, "", {}, true};
     TextBox falltx{{.name = "falltx", .caption = "Drop", .tip = "All descents, in the elevations' unit"}, "", {}, true};
 
-    Label timeHeading{{.name = "timeHeading", .caption = "Flat Equiv.  Even Effort   Strategic"}};
+    Label timeHeading{{.name = "timeHeading",   // not shown: each box has its own word of it
+                       .caption = "Flat Equiv.  Even Effort   Strategic",
+                       .visible = false}};
     TextBox Text4{
         {.name = "Text4", .caption = "Flat Equiv.", .tip = "Time of the same distance on the flat"}, "", {}, true};
     TextBox Text5{{.name = "Text5", .caption = "Even Effort", .tip = "Time at even effort"}, "", {}, true};

@@ -11,12 +11,14 @@
 #include "ui_perflevform.h"
 #include "ui_pertabspec.h"
 #include "ui_powen.h"
+#include "ui_profile.h"
 #include "ui_pstrat.h"
 #include "ui_quickcalcs.h"
 #include "ui_specinfo.h"
 #include "ui_splitform.h"
 #include "ui_tmill.h"
 #include "ui_vantstart.h"
+#include "ui_working.h"
 #include "ui_workouts.h"
 
 namespace
@@ -44,12 +46,14 @@ namespace
         NamedLayout{"perflevform", layOut<Ui::perflevform>},
         NamedLayout{"pertabspec", layOut<Ui::pertabspec>},
         NamedLayout{"powen", layOut<Ui::powen>},
+        NamedLayout{"profile", layOut<Ui::profile>},
         NamedLayout{"pstrat", layOut<Ui::pstrat>},
         NamedLayout{"quickcalcs", layOut<Ui::quickcalcs>},
         NamedLayout{"specinfo", layOut<Ui::specinfo>},
         NamedLayout{"splitform", layOut<Ui::splitform>},
         NamedLayout{"tmill", layOut<Ui::tmill>},
         NamedLayout{"vantstart", layOut<Ui::vantstart>},
+        NamedLayout{"working", layOut<Ui::working>},
         NamedLayout{"workouts", layOut<Ui::workouts>},
     };
     // clang-format on

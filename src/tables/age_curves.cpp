@@ -51,12 +51,12 @@ void fillLevelCurves(ModelState& state)
     const std::array<double, levelCurves> indices = indicesOf(sex);
     const double kept = results.levelIndex;
     double peak = 0;
+    state.activity = "drawing the curves of levels";
     for (int a = firstAge; a <= lastAge; ++a)
     {
         state.runner.age = a;
         for (int j = 0; j < levelCurves; ++j)
         {
-            state.activity = "drawing the curves of levels";
             results.levelIndex = indices[static_cast<std::size_t>(j)];
             const double time =
                 recordTime(state, sex, RecordMode::timeOfLevel, results.curDistance, percentOf(j) / 100.0);

@@ -102,7 +102,8 @@ namespace
             image.hidden.push_back(button.name);
         image.hidden.push_back(form.Command25.name);
         image.hidden.push_back(form.Command1.name);
-        form.main.outside.printer.printForm(image);
+        if (form.main.outside.printer.printForm)
+            form.main.outside.printer.printForm(image);
     }
 
     void nameControls(PerfgraphForm& form)

@@ -7,10 +7,12 @@
 
 namespace
 {
-    /// performanceTable: clears the form and builds it anew.
+    /// performanceTable: clears the form and builds it anew, unless the table is refused.
     void performanceTable(PerflevformForm& form)
     {
         VantstartForm& main = form.main;
+        if (isTableRefused(main.state, form.latest.kind, main.outside.said))
+            return;
         CalculationInput input = entriesOf(main);
         const OnLeaving showIt([&form] {
             if (!form.built.title.empty())

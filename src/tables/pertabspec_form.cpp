@@ -21,12 +21,22 @@ namespace
         setText(form.Text3, plainText(checked(val(form.Text1.text) + lastColumn * val(form.Text2.text))));
     }
 
-    /// The table's sex becomes the one chosen on the main form.
+    /// The table's sex becomes the one chosen on the main form, and stays where none is.
     void followMainForm(PertabspecForm& form)
     {
         const bool female = form.main.optfemale.chosen;
+        if (!female && !form.main.optmale.chosen)
+            return;
         form.main.state.runner.sex = female ? 'f' : 'm';
         setChosen(female ? form.Option2 : form.Option1, true);
+    }
+
+    void disableOtherSex(PertabspecForm& form)
+    {
+        if (form.main.optfemale.chosen)
+            setEnabled(form.Option1, false);
+        if (form.main.optmale.chosen)
+            setEnabled(form.Option2, false);
     }
 
     void takeLevels(PertabspecForm& form)
@@ -48,7 +58,7 @@ namespace
     {
         form.main.state.flags.oplev = 0;
         followMainForm(form);
-        setEnabled(form.main.optfemale.chosen ? form.Option1 : form.Option2, false);
+        disableOtherSex(form);
         setRange(form, "25", "5");
     }
 

@@ -57,7 +57,7 @@ namespace
         double m = entries.weekmi;
         if (entries.fop)
             m = m / 0.89 + 1.2;
-        m = m + ageDistanceTermOf(entries.agetx);
+        m = m + ageDistanceTermOf(val(entries.agetx));
         double u = 295;   // s over 1500 m, where the search begins
         for (int round = 1; round <= 5; ++round)
         {
@@ -94,7 +94,7 @@ namespace
         double t = offCurve(state, onCurve(state.heat, d, entries.race1.metres), d);
         row.idealt = formatTime(t);   // which may replace its argument
         row.ideal = t;
-        const double i = idealWbgt(t, entries.wtkg, entries.htcm);
+        const double i = idealWbgt(t, val(entries.wtkg), val(entries.htcm));
         const double p = heatDecrement(t, tm, state.heat.wbgtC - i, entries.fop);
         row.decrement = p;
         row.pdec = formatNumber(p, 6, 2);

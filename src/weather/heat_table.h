@@ -18,6 +18,10 @@ inline constexpr std::size_t heatRows = 10;
 inline constexpr std::array<double, heatRows> heatDistances{
     0, 400, 800, 1500, metresPerMile, 3000, 5000, 10000, halfMarathonMetres, marathonMetres};
 
+/// How the rows are called; the first one is called by its distance.
+inline constexpr std::array<const char*, heatRows> heatRowNames{"",       "400 m",  "800 m",   "1500 m",    "1 mile",
+                                                                "3000 m", "5000 m", "10000 m", "half mara", "marathon"};
+
 struct HeatRace
 {
     bool use = true;
@@ -29,9 +33,9 @@ struct HeatEntries
 {
     HeatRace race1, race2;
     double dispred = 0;   // m, the free distance
-    double wtkg = 0;      // kg
-    double htcm = 0;      // cm
-    double agetx = 0;     // years
+    std::string wtkg;     // kg, as typed; read where the steps need it
+    std::string htcm;     // cm
+    std::string agetx;    // years, read with one race alone
     double weekmi = 0;    // miles a week
     bool fop = false;     // female
 };

@@ -25,9 +25,6 @@ namespace
                                   "mostly sunny, sun nearly overhead",
                                   "clear, sun nearly overhead"};
 
-    constexpr std::array<const char*, heatRows> rowCaptions{"",       "400 m",  "800 m",   "1500 m",    "1 mile",
-                                                            "3000 m", "5000 m", "10000 m", "half mara", "marathon"};
-
     void showTemperature(TextBox& fahrenheit, TextBox& celsius, double kelvin)
     {
         setText(fahrenheit, formatNumber(fahrenheitOf(kelvin), 5, 1));
@@ -126,18 +123,25 @@ namespace
         return read;
     }
 
-    HeatEntries entriesOf(const HeathumForm& form)
+    void readDistanceToPredict(HeathumForm& form, HeatEntries& entries)
     {
-        HeatEntries entries;
+        entries.dispred = val(form.dispred.text);
+        setCaption(form.dtopred, form.dispred.text + " m");
+    }
+
+    void readRaces(const HeathumForm& form, HeatEntries& entries)
+    {
         entries.race1 = readRace(form.race1);
         entries.race2 = readRace(form.race2);
-        entries.dispred = val(form.dispred.text);
-        entries.wtkg = val(form.wtkg.text);
-        entries.htcm = val(form.htcm.text);
-        entries.agetx = val(form.agetx.text);
+    }
+
+    void readRunner(const HeathumForm& form, HeatEntries& entries)
+    {
+        entries.wtkg = form.wtkg.text;
+        entries.htcm = form.htcm.text;
+        entries.agetx = form.agetx.text;
         entries.weekmi = form.weekmi.value;
         entries.fop = form.fop.chosen;
-        return entries;
     }
 
     void showTable(HeathumForm& form)
@@ -214,8 +218,8 @@ namespace
         for (std::size_t row = 0; row < heatRows; ++row)
         {
             const int i = static_cast<int>(row);
-            const std::string over = row == 0 ? "the distance to predict" : rowCaptions[row];
-            form.rowNames[row] = {{.name = arrayName("rowName", i), .caption = rowCaptions[row]}};
+            const std::string over = row == 0 ? "the distance to predict" : heatRowNames[row];
+            form.rowNames[row] = {{.name = arrayName("rowName", i), .caption = heatRowNames[row]}};
             form.idealt[row] = {{.name = arrayName("idealt", i), .tip = "Time over " + over + " in ideal weather"}};
             form.givent[row] = {{.name = arrayName("givent", i), .tip = "Time over " + over + " in this weather"}};
             form.pdec[row] = {
@@ -282,8 +286,10 @@ HeathumForm::HeathumForm(ModelState& modelState, Outside& formOutside) : state(m
 void calculateHeat(HeathumForm& form)
 {
     form.state.activity = "reading the races in near-ideal weather";
-    const HeatEntries entries = entriesOf(form);
-    setCaption(form.dtopred, form.dispred.text + " m");
+    HeatEntries entries;
+    readDistanceToPredict(form, entries);
+    readRaces(form, entries);
+    readRunner(form, entries);
     const OnLeaving showIt([&form] { showTable(form); });
     calculateHeatTable(form.state, entries, form.table, form.outside.said);
 }

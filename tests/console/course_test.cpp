@@ -66,8 +66,8 @@ namespace
         EXPECT_EQ(printed.errors, "");
         EXPECT_THAT(printed.out, HasSubstr("Horizontal, m              5000.0\nAlong slope, m             5000.0\n"
                                            "Rise, m                         0\nDrop, m                         0\n"));
-        EXPECT_THAT(printed.out, HasSubstr("\n       1      3:52"));
-        EXPECT_THAT(printed.out, HasSubstr("\n       5     19:"));
+        EXPECT_THAT(printed.out, HasSubstr("\n       1      3:46"));
+        EXPECT_THAT(printed.out, HasSubstr("\n       5     18:50")) << "five times as long";
     }
 
     TEST(CourseCsv, IsALineASplit)

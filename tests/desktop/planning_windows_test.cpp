@@ -19,59 +19,11 @@
 #include "boxes_to_come.h"
 #include "desktop/picture_widget.h"
 #include "desktop/text_surface_widget.h"
-#include "open_window.h"
+#include "tool_window.h"
 
 namespace
 {
     using testing::HasSubstr;
-
-    struct ToolWindow : testing::Test
-    {
-        ScratchDirectory folder;
-        OpenWindow open{(writeSample(folder.path()), folder.path())};
-        FormWindow* window = nullptr;
-
-        void show(const std::string& form)
-        {
-            enter(open.program, "vantstart", false, [&] { openForm(open.program, form); });
-            window = open.windows.windowOf(form);
-            ASSERT_TRUE(window);
-            ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-        }
-        template <class Widget>
-        [[nodiscard]] Widget& find(const char* name)
-        {
-            auto* const widget = window->findChild<Widget*>(name);
-            if (!widget)
-                throw std::runtime_error(std::string("no widget ") + name);
-            return *widget;
-        }
-        [[nodiscard]] std::string box(const char* name) { return find<QLineEdit>(name).text().toStdString(); }
-        [[nodiscard]] std::string label(const char* name) { return find<QLabel>(name).text().trimmed().toStdString(); }
-        void paste(const char* name, const QString& text)
-        {
-            QApplication::clipboard()->setText(text);
-            auto& edit = find<QLineEdit>(name);
-            edit.setFocus();
-            edit.selectAll();
-            QTest::keyClick(&edit, Qt::Key_V, Qt::ControlModifier);
-        }
-        /// An item of the menu that is open, by the beginning of its words.
-        static void choose(const QString& words)
-        {
-            QWidget* const menu = QApplication::activePopupWidget();
-            ASSERT_TRUE(menu);
-            for (QAction* action : menu->actions())
-                if (action->text().remove('&').startsWith(words))
-                    return clickItem(*menu, *action);
-            FAIL() << "no item " << words.toStdString();
-        }
-        void rightClick(QWidget& widget)
-        {
-            QContextMenuEvent event(QContextMenuEvent::Mouse, {3, 3}, widget.mapToGlobal(QPoint(3, 3)));
-            QApplication::sendEvent(&widget, &event);
-        }
-    };
 
     TEST_F(ToolWindow, TakesASpreadsheetsRowsIntoTheGrid)
     {
@@ -120,12 +72,7 @@ namespace
     {
         show("splitform");
         const std::filesystem::path path = folder.path() / "splits.csv";
-        BoxesToCome boxes({[&](QWidget& dialog) {
-            auto* const name = dialog.findChild<QLineEdit*>("fileNameEdit");
-            ASSERT_TRUE(name);
-            name->setText(QString::fromStdString(path));
-            QMetaObject::invokeMethod(&dialog, "accept");
-        }});
+        BoxesToCome boxes({giving(path)});
         rightClick(find<QLabel>("Label10"));
         choose("Save as CSV");
         EXPECT_TRUE(boxes.allMet());
@@ -140,12 +87,7 @@ namespace
         const Dialogs dialogs = open.windows.dialogs();
         open.program.outside.dialogs.chooseFile = dialogs.chooseFile;
         show("splitform");
-        BoxesToCome boxes({[&](QWidget& dialog) {
-            auto* const name = dialog.findChild<QLineEdit*>("fileNameEdit");
-            ASSERT_TRUE(name);
-            name->setText(QString::fromStdString(laps));
-            QMetaObject::invokeMethod(&dialog, "accept");
-        }});
+        BoxesToCome boxes({giving(laps)});
         QTest::mouseClick(&find<QPushButton>("importlaps"), Qt::LeftButton);
         EXPECT_TRUE(boxes.allMet());
         EXPECT_EQ(box("splitdis_0"), "400");
@@ -168,10 +110,7 @@ namespace
         int pixel = 0;
         while (pixel < graph.width() && graph.toPicture(QPointF(pixel, graph.height() / 2.0)).x() < atThree)
             ++pixel;
-        // straight to the graph: on a screen in memory the main window lies in front
-        const QPointF at(pixel, graph.height() / 2.0);
-        QMouseEvent move(QEvent::MouseMove, at, graph.mapToGlobal(at), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-        QApplication::sendEvent(&graph, &move);
+        moveOver(graph, QPointF(pixel, graph.height() / 2.0));
         EXPECT_THAT(label("mpslbl"), testing::AnyOf("3.00 m/s", "3.01 m/s"));
         EXPECT_THAT(label("hrlbl"), HasSubstr("HR ="));
         QTest::mouseClick(&find<QPushButton>("Command3"), Qt::LeftButton);

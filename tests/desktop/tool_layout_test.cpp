@@ -169,6 +169,8 @@ namespace
             if (widget && widget->isVisible() && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus))
                 expected.insert(widget->objectName().toStdString());
         }
+        if (expected.empty())
+            return;   // there is nothing to do in it
         ASSERT_TRUE(window->focusWidget()) << "nothing has the focus at the opening";
         std::vector<std::string> visited;
         for (std::size_t i = 0; i < expected.size(); ++i)
@@ -182,7 +184,8 @@ namespace
 
     TEST_P(ToolForm, ClosesWithEscapeAndOpensAgain)
     {
-        QTest::keyClick(window->focusWidget(), Qt::Key_Escape);
+        QWidget* const inFocus = window->focusWidget();
+        QTest::keyClick(inFocus ? inFocus : window, Qt::Key_Escape);
         EXPECT_EQ(findForm(open.program, GetParam()), nullptr);
         EXPECT_EQ(open.windows.windowOf(GetParam()), nullptr);
         enter(open.program, "vantstart", false, [&] { openForm(open.program, GetParam()); });

@@ -114,6 +114,21 @@ namespace
         EXPECT_EQ(tables.state().runner.sex, 'f');
     }
 
+    TEST(Pertabspec, KeepsTheSexWhereTheMainFormHasNone)
+    {
+        Tables tables;
+        setChosen(tables.program.vantstart->optmale, false);
+        tables.open();
+        EXPECT_FALSE(tables.isOn("Option1"));
+        EXPECT_FALSE(tables.isOn("Option2"));
+        tables.choose("Option2");
+        tables.choose("opage");
+        EXPECT_EQ(tables.state().runner.sex, 'f');
+        EXPECT_TRUE(tables.isOn("Option2"));
+        EXPECT_TRUE(tables.canChoose("Option1"));
+        EXPECT_TRUE(tables.canChoose("Option2"));
+    }
+
     TEST(Pertabspec, NeedsACalculationForARunner)
     {
         Tables tables;
@@ -257,6 +272,35 @@ namespace
         tables.type("Text1", "70");
         tables.on("perflevform").click("Command2");
         EXPECT_EQ(tables.lines()[0].substr(0, 30), " Level (%):     70        75  ");
+    }
+
+    TEST(Perflevform, RefusesAtEachBuildingAndKeepsItsTable)
+    {
+        Tables tables;
+        tables.open();
+        tables.click("Command1");
+        const Names before = tables.on("perflevform").lines();
+        const std::string title = tables.form()->title;
+        tables.on("pertabspec").choose("opage");
+        tables.on("perflevform").click("Command2");
+        const std::string refusal = "message: Must calculate current performances first";
+        EXPECT_EQ(tables.outside.events, (Names{refusal, refusal})) << "it is built for paper and for the screen";
+        EXPECT_EQ(tables.lines(), before);
+        EXPECT_EQ(tables.form()->title, title);
+        EXPECT_EQ(tables.state().flags.ageCompareForced, 0);
+    }
+
+    TEST(Perflevform, BuildsTwiceToPrint)
+    {
+        Tables tables;
+        tables.open();
+        tables.click("Command1");
+        std::vector<std::size_t> printedBefore;
+        tables.on("perflevform").get<TextSurface>("table").shown = [&] {
+            printedBefore.push_back(tables.printed.size());
+        };
+        tables.click("Command2");
+        EXPECT_EQ(printedBefore, (std::vector<std::size_t>{0, 1})) << "before the paper and after it";
     }
 
     TEST(Perflevform, PrintsNothingThatCanNotBeBuilt)

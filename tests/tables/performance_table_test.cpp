@@ -245,6 +245,9 @@ namespace
         EXPECT_EQ(built.state.activity, "working out the time of 105 years over 100 m");
         EXPECT_EQ(built.state.runner.age, 105) << "of the column";
         EXPECT_EQ(built.state.flags.ageCompareOn, 1) << "not put back";
+        built.asked.lev = "90";
+        built.build();
+        EXPECT_EQ(built.state.results.levelIndex, indexForLevel(0.9, 'm')) << "of the cell";
         EXPECT_GT(built.table.times[6][1], 0);
         EXPECT_EQ(built.table.times[7][1], 0);
     }

@@ -21,7 +21,7 @@ namespace
 
     HeatEntries usual()
     {
-        return {{true, 250, 1500}, {true, 5400, 21097.5}, 10000, 72.6, 178, 40, 30, false};
+        return {{true, 250, 1500}, {true, 5400, 21097.5}, 10000, "72.6", "178", "40", 30, false};
     }
 
     struct Heated
@@ -50,9 +50,9 @@ namespace
         const HeatEntries entries{{row.number("use1") == 1, row.number("time1"), row.number("metres1")},
                                   {row.number("use2") == 1, row.number("time2"), row.number("metres2")},
                                   row.number("dispred"),
-                                  row.number("kg"),
-                                  row.number("cm"),
-                                  row.number("age"),
+                                  std::string(row.text("kg")),
+                                  std::string(row.text("cm")),
+                                  std::string(row.text("age")),
                                   row.number("miles"),
                                   row.number("fop") == 1};
         ModelState state;
@@ -140,8 +140,8 @@ namespace
         HeatEntries slow = usual();
         slow.race1.seconds = 900;
         slow.race2.seconds = 25000;
-        slow.wtkg = 149.7;
-        slow.htcm = 150;
+        slow.wtkg = "149.7";
+        slow.htcm = "150";
         EXPECT_GT(Heated(slow, 50).table[9].decrement, 100);
     }
 
@@ -190,9 +190,19 @@ namespace
         EXPECT_EQ(Heated(unused).fault, "");
         HeatEntries far = usual();
         far.dispred = 3000000;
-        EXPECT_NE(Heated(far).fault, "");
+        EXPECT_EQ(Heated(far).fault, "an overflow");
+        HeatEntries ageless = usual();
+        ageless.agetx = "1e999";
+        EXPECT_EQ(Heated(ageless).fault, "") << "age is read with one race alone";
+        ageless.race2.use = false;
+        EXPECT_EQ(Heated(ageless).fault, "an overflow (a number is too large)");
+        HeatEntries heavy = usual();
+        heavy.wtkg = "1e999";
+        const Heated late(heavy);
+        EXPECT_EQ(late.fault, "an overflow (a number is too large)");
+        EXPECT_NE(late.state.heat.paceBase, 0) << "weight is read row by row";
         HeatEntries nobody = usual();
-        nobody.htcm = 0;
+        nobody.htcm = "0";
         const Heated stopped(nobody);
         EXPECT_EQ(stopped.fault, "division by zero");
         EXPECT_NE(stopped.table[0].idealt, "") << "what was found before stays";

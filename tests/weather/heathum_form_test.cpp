@@ -309,6 +309,17 @@ namespace
         EXPECT_EQ(form.table(), before);
     }
 
+    TEST(HeathumForm, NamesTheDistanceBeforeItReadsTheRaces)
+    {
+        Heathum form;
+        form.open();
+        form.type("dispred", "15000");
+        form.type("rhr1", "1e999");
+        form.calculate();
+        EXPECT_EQ(form.outside.faults.size(), 1U);
+        EXPECT_EQ(form.label("dtopred"), "15000 m");
+    }
+
     TEST(HeathumForm, KeepsToItsOwnCopies)
     {
         Heathum form;
