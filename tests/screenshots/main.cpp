@@ -1,7 +1,9 @@
 // Takes a picture of a form's window for the documentation, in a light or a dark palette. QT_SCALE_FACTOR scales it.
 
+#include <algorithm>
 #include <iostream>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include <QApplication>
@@ -39,9 +41,45 @@ namespace
         return dark;
     }
 
-    /// Opens the program and forms, one after the other, on the settings in a folder, which it leaves as they are, and
-    /// saves a picture of the last one's window.
-    bool takePicture(const std::string& folder, const QString& path, const std::vector<std::string>& forms)
+    /// Types into a box, chooses an option, ticks, slides, or presses a button.
+    struct Work
+    {
+        const std::string& text;
+
+        void operator()(TextBox* box) const { setText(*box, text); }
+        void operator()(OptionButton* option) const { setChosen(*option, true); }
+        void operator()(CheckBox* box) const { setTicked(*box, !box->ticked); }
+        void operator()(ScrollBar* bar) const { setValue(*bar, std::stoll(text)); }
+        void operator()(Button* button) const { Event(button->clicked)(); }
+        template <class Other>
+        void operator()(Other*) const
+        {}
+    };
+
+    /// One step on the way to a picture: opens the form of that name, or works a control of an open form.
+    ///   step  "profile", "profile.retname=hills.cpf" or "profile.Command5"
+    /// Returns whether there is such a control.
+    bool take(Program& program, const std::string& step)
+    {
+        const std::size_t dot = step.find('.');
+        const std::string name = step.substr(0, dot);
+        if (dot == std::string::npos)
+        {
+            enter(program, "vantstart", false, [&] { openForm(program, name); });
+            return true;
+        }
+        const std::size_t sign = std::min(step.find('='), step.size());
+        const std::string text = step.substr(std::min(sign + 1, step.size()));
+        Form* const form = findForm(program, name);
+        const ControlRef* const control = form ? findControl(*form, step.substr(dot + 1, sign - dot - 1)) : nullptr;
+        if (control)
+            enter(program, step, false, [&] { std::visit(Work{text}, *control); });
+        return control != nullptr;
+    }
+
+    /// Opens the program on the settings in a folder, which it leaves as they are, takes the steps, and saves a picture
+    /// of the window of the last step's form.
+    bool takePicture(const std::string& folder, const QString& path, const std::vector<std::string>& steps)
     {
         bool asExpected = true;
         Windows windows;
@@ -58,9 +96,9 @@ namespace
         windows.windowOf("vantstart")->resize(windowSize);
         windows.show(program);
         start(program);
-        for (const std::string& form : forms)
-            enter(program, "vantstart", false, [&] { openForm(program, form); });
-        FormWindow* const window = windows.windowOf(forms.back());
+        for (const std::string& step : steps)
+            asExpected = take(program, step) && asExpected;
+        FormWindow* const window = windows.windowOf(steps.back().substr(0, steps.back().find('.')));
         if (!window)
             return false;
         QApplication::processEvents();
@@ -74,7 +112,7 @@ int main(int argc, char** argv)
     const std::string palette = argc >= 5 ? argv[2] : "";
     if (palette != "light" && palette != "dark")
     {
-        std::cerr << "Usage: vantelos-screenshots SETTINGS-FOLDER light|dark PNG-FILE FORM...\n";
+        std::cerr << "Usage: vantelos-screenshots SETTINGS-FOLDER light|dark PNG-FILE STEP...\n";
         return 2;
     }
     QApplication::setStyle(QStyleFactory::create("Fusion"));
