@@ -38,6 +38,8 @@ namespace
 
     bool isXml(const std::string& bytes)
     {
+        if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"))
+            return true;   // wide characters: no course file has them
         const std::size_t mark = bytes.starts_with("\xEF\xBB\xBF") ? 3 : 0;
         const std::size_t first = bytes.find_first_not_of(" \t\r\n", mark);
         return first != std::string::npos && bytes[first] == '<';
@@ -95,13 +97,16 @@ namespace
         std::string fault;
     };
 
-    void solve(CourseRun& run, const CourseOptions& options)
+    /// Returns whether the course is one.
+    bool solve(CourseRun& run, const ReadCourse& read, const CourseOptions& options, Messages& said)
     {
         const TimeLimit limit(options.limitSeconds);
         run.state.goOn = [limit] { return !limit.reached(); };
         run.state.course.scur = options.smooth ? 1 : 0;
         try
         {
+            if (!takeCourse(run.state, read, said))
+                return false;
             solveAndSplit(run.state, {});
             run.state.activity = "listing the splits";
             run.splits = courseSplits(run.state.course, options.miles ? metresPerMile : metresPerKilometre);
@@ -111,6 +116,7 @@ namespace
             run.fault = faultText(fault, run.state.activity);
         }
         run.state.goOn = {};
+        return true;
     }
 
     std::string padded(std::string text, std::size_t width)
@@ -207,18 +213,28 @@ namespace
         return list;
     }
 
-    std::string jsonOf(const CourseRun& run, const ReadCourse& read, const Messages& messages,
-                       const CourseOptions& options)
+    /// What is told of a course that is not worked out.
+    Json jsonWithoutResults(const Messages& messages, const std::string& fault, const CourseOptions& options)
     {
-        const bool whole = run.fault.empty();
-        Json json{{"course", courseJson(run.state.course)},
-                  {"recording", read.recording ? recordingJson(*read.recording) : Json(nullptr)},
-                  {"messages", messagesJson(messages)},
-                  {"fault", whole ? Json(nullptr) : Json(run.fault)},
-                  {"results", whole ? resultsJson(run.state.course) : Json(nullptr)},
-                  {"splitUnit", options.miles ? "mi" : "km"},
-                  {"splits", splitsJson(run.splits)}};
-        return jsonText(json) + '\n';
+        return {{"course", nullptr},
+                {"recording", nullptr},
+                {"messages", messagesJson(messages)},
+                {"fault", fault.empty() ? Json(nullptr) : Json(fault)},
+                {"results", nullptr},
+                {"splitUnit", options.miles ? "mi" : "km"},
+                {"splits", Json::array()}};
+    }
+
+    Json jsonOf(const CourseRun& run, const ReadCourse& read, const Messages& messages, const CourseOptions& options)
+    {
+        Json json = jsonWithoutResults(messages, run.fault, options);
+        json["course"] = courseJson(run.state.course);
+        if (read.recording)
+            json["recording"] = recordingJson(*read.recording);
+        if (run.fault.empty())
+            json["results"] = resultsJson(run.state.course);
+        json["splits"] = splitsJson(run.splits);
+        return json;
     }
 
     void setFormat(CourseOptions& options, const std::string& text)
@@ -235,10 +251,28 @@ namespace
         options.miles = text == "mi";
     }
 
-    int refuse(const Messages& messages, std::ostream& errors)
+    void setSmoothing(CourseOptions& options, const std::string& text)
+    {
+        const auto metres = numberOf(text);
+        if (!metres || !(*metres >= 0 && *metres <= longestSmoothing))
+            throw CLI::ValidationError("--smoothing", inQuotes(text) + " is not a number from 0 to 5000");
+        options.smoothing = *metres;
+    }
+
+    void tell(const Messages& messages, const std::string& fault, std::ostream& errors)
     {
         for (const Message& message : messages)
             errors << messageLine(message) << '\n';
+        if (!fault.empty())
+            errors << fault << '\n';
+    }
+
+    int refuse(const CourseOptions& options, const Messages& messages, const std::string& fault, std::ostream& out,
+               std::ostream& errors)
+    {
+        if (options.format == CourseFormat::json)
+            out << jsonText(jsonWithoutResults(messages, fault, options)) << '\n';
+        tell(messages, fault, errors);
         return exitRefused;
     }
 
@@ -247,17 +281,15 @@ namespace
                       std::ostream& errors)
     {
         const std::optional<ReadCourse> read = readCourse(options, messages);
-        if (!read || !takeCourse(run.state, *read, messages))
-            return refuse(messages, errors);
-        solve(run, options);
-        for (const Message& message : messages)
-            errors << messageLine(message) << '\n';
+        if (!read || !solve(run, *read, options, messages))
+            return refuse(options, messages, {}, out, errors);
         if (options.format == CourseFormat::json)
-            out << jsonOf(run, *read, messages, options);
+            out << jsonText(jsonOf(run, *read, messages, options)) << '\n';
         else if (run.fault.empty())
             out << (options.format == CourseFormat::csv ? csvOf(run, options) : textOf(run, options));
-        if (!run.fault.empty())
-            errors << run.fault << '\n';
+        tell(messages, run.fault, errors);
+        if (read->recording && options.format != CourseFormat::json)
+            errors << noteOf(*read->recording) << '\n';
         return run.fault.empty() ? 0 : exitRefused;
     }
 }
@@ -275,11 +307,7 @@ int runCourse(const CourseOptions& options, std::ostream& out, std::ostream& err
     entries->distances.clear();
     Prediction prediction = predictRunner(*entries, options.limitSeconds);
     if (isRefused(prediction) || !prediction.fault.empty())
-    {
-        if (!prediction.fault.empty())
-            prediction.messages.push_back({prediction.fault});
-        return written(refuse(prediction.messages, errors), out, errors);
-    }
+        return written(refuse(options, prediction.messages, prediction.fault, out, errors), out, errors);
     CourseRun run;
     run.state = prediction.runs.front().state;
     return written(solveAndPrint(options, run, prediction.messages, out, errors), out, errors);
@@ -299,11 +327,10 @@ void addCourse(CLI::App& app, int& status)
             "--splits", [options](const std::string& text) { setSplits(*options, text); }, "km (the default) or mi")
         ->type_name("UNIT");
     command
-        ->add_option("--smoothing", options->smoothing,
-                     "Meters on either side over which a recording's elevations are smoothed")
-        ->check(CLI::Range(0.0, longestSmoothing))
-        ->type_name("METERS")
-        ->capture_default_str();
+        ->add_option_function<std::string>(
+            "--smoothing", [options](const std::string& text) { setSmoothing(*options, text); },
+            "Meters on either side over which a recording's elevations are smoothed, 0 to 5000; 100 unless given")
+        ->type_name("METERS");
     command
         ->add_option_function<std::string>(
             "--format", [options](const std::string& text) { setFormat(*options, text); },

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "console/runner_options.h"
+#include "course/recorded_course.h"
 
 enum class CourseFormat { text, csv, json };
 
@@ -12,8 +13,8 @@ struct CourseOptions : RunnerOptions
 {
     std::string file;   // .cpf, GPX or TCX
     bool smooth = false;
-    bool miles = false;       // splits, else kilometers
-    double smoothing = 100;   // m on either side, of a recording
+    bool miles = false;                  // splits, else kilometers
+    double smoothing = usualSmoothing;   // m on either side, of a recording
     CourseFormat format = CourseFormat::text;
 };
 

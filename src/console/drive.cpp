@@ -401,7 +401,9 @@ namespace
         const Form& form = openFormNamed(session, word.substr(0, dot));
         if (!form.table)
             return std::nullopt;
-        return what == ".csv" ? csvOf(form.table()) : textOf(form.table());
+        Json text;   // null where a fault stops it
+        act(session, word, [&] { text = what == ".csv" ? csvOf(form.table()) : textOf(form.table()); });
+        return text;
     }
 
     Json valueNamed(Session& session, const std::string& word)

@@ -64,6 +64,15 @@ namespace
             const std::string line = text();
             if (wrong.empty() && line.find_first_not_of(' ') != std::string::npos && !beginsWithNumber(line))
                 return refuse("a number is wanted");
+            (void)within(line);
+            return line;
+        }
+
+        /// A text whose number, if it has one, no course exceeds.
+        std::string distance()
+        {
+            const std::string line = text();
+            (void)within(line);
             return line;
         }
 
@@ -72,21 +81,12 @@ namespace
             const std::string line = text();
             if (!wrong.empty())
                 return 0;
-            try
-            {
-                if (!isNumeric(line))
-                    refuse("a number is wanted");
-                else if (!ended && !line.ends_with(' '))
-                    refuse("the file breaks off");
-                else if (const double read = val(line); std::abs(read) <= farthestPoint)
-                    return read;
-                else
-                    refuse("the number is larger than any course");
-            }
-            catch (const ArithmeticFault&)
-            {
-                refuse("the number is larger than any course");
-            }
+            if (!isNumeric(line))
+                refuse("a number is wanted");
+            else if (!ended && !line.ends_with(' '))
+                refuse("the file breaks off");
+            else
+                return within(line);
             return 0;
         }
 
@@ -101,6 +101,19 @@ namespace
         [[nodiscard]] const std::string& whatIsWrong() const { return wrong; }
 
     private:
+        double within(const std::string& line)
+        {
+            try
+            {
+                if (const double read = val(line); std::abs(read) <= farthestPoint)
+                    return read;
+            }
+            catch (const ArithmeticFault&)   // beyond the range of a double
+            {}
+            refuse("the number is larger than any course");
+            return 0;
+        }
+
         std::string refuse(const std::string& why)
         {
             if (wrong.empty())
@@ -144,7 +157,7 @@ std::optional<CourseFile> readCourseFile(std::string_view bytes, Messages& said)
     }
     CourseReader reader(bytes);
     CourseFile file;
-    file.distance = reader.text();
+    file.distance = reader.distance();
     file.unitCode = reader.value();
     for (std::string* text : {&file.maxElev, &file.minElev, &file.startElev, &file.endElev})
         *text = reader.elevation();

@@ -33,8 +33,9 @@ struct CoursePaces
 /// Faults: a course without length, x outside it.
 [[nodiscard]] CoursePassage coursePassageAt(const Course& course, double x);
 
-/// Grade and height at x. On straight segments it is the first that ends behind x; at the finish of more than two points
-/// there is none, and what was read last stays.
+/// Grade and height at x. On straight segments it is the first that ends behind x. At the finish of more than two points
+/// there is none: what was read last stays, but with 99 points the way to the unused last place is read, and with 100
+/// points the last segment.
 /// Faults: as `courseGradeAt`, two points at one x.
 [[nodiscard]] CourseSlope courseSlopeAt(const Course& course, double x, const CourseSlope& last);
 

@@ -12,6 +12,7 @@
 namespace
 {
     constexpr double shortestSplit = 10;   // m; a shorter rest is part of the one before
+    constexpr double mostSplits = 10000;   // of 500 km at 1:1 there are 708
 
     double elevationAt(const Course& course, double x)
     {
@@ -51,6 +52,8 @@ std::vector<CourseSplit> courseSplits(const Course& course, double unit)
     const double length = course.distAt.back();
     if (!(length > 0))
         return splits;
+    if (length / unit > mostSplits)
+        stopWith("a course with far more than 10,000 splits");
     CourseSplit before;
     before.elevation = elevationAt(course, 0);
     double reached = 0;

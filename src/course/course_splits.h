@@ -21,7 +21,8 @@ struct CourseSplit
 /// The splits of the latest pacing, by straight lines between its hundred steps. Unlike the marks these have no end at 50,
 /// and none lags behind.
 ///   unit  metres of a split: metresPerMile or metresPerKilometre
-/// Returns none where no solve has run.  Faults: as `courseElevationAt`, two points at one x.
+/// Returns none where no solve has run.  Faults: as `courseElevationAt`, two points at one x, a way
+/// of more than 10,000 splits, which a cliff in a course file can make.
 [[nodiscard]] std::vector<CourseSplit> courseSplits(const Course& course, double unit);
 
 /// A time as tables show it, without the blanks around it.

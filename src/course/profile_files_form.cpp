@@ -34,25 +34,6 @@ namespace
         return folder.empty() ? here : folder;
     }
 
-    /// Whether a text reads as a number, or is blank.
-    bool readsAsNumber(const std::string& text)
-    {
-        Messages ignored;
-        CourseFile file;
-        file.maxElev = text;
-        file.pointX = file.pointY = {0, 1};
-        return readCourseFile(bytesOf(file), ignored).has_value();
-    }
-
-    std::string importNote(const RecordedCourse& course)
-    {
-        return plainText(static_cast<double>(course.recorded)) + " points recorded, climb " +
-               formatNumber(course.recordedRise, 0, 0) + " m; smoothed over " + plainText(usualSmoothing) +
-               " m on either side, climb " + formatNumber(course.rise, 0, 0) + " m; " +
-               plainText(static_cast<double>(course.pointX.size())) + " points kept, largest elevation error " +
-               formatNumber(course.largestError, 0, 1) + " m";
-    }
-
     void addSplits(const Course& course, bool miles, TextTable& table)
     {
         table.rows.push_back({miles ? "Mile" : "Kilometer", "Meters into course", "Elevation (m)", "Time", "Split",
@@ -123,18 +104,18 @@ void pickCourse(ProfileForm& form)
 void saveCourse(ProfileForm& form)
 {
     const std::filesystem::path path = form.folder / (form.savname.text + ending);
-    const CourseEntries entries = entriesOf(form);
-    if (const auto failure = replaceFile(path, bytesOf(courseFileOf(entries, form.state.course))))
+    const std::string bytes = bytesOf(courseFileOf(entriesOf(form), form.state.course));
+    Messages unreadable;
+    if (!readCourseFile(bytes, unreadable))
     {
-        form.outside.said.push_back(
-            {"The course could not be saved to " + path.string() + ": " + *failure + ".", "Course not saved"});
+        form.outside.said.push_back({"The course has not been saved, for it could not be retrieved: " +
+                                         unreadable.front().text + "\nPlease mend the entry and save again.",
+                                     "Course not saved"});
         return;
     }
-    for (const std::string* text : {&entries.maxElev, &entries.minElev, &entries.startElev, &entries.endElev})
-        if (!readsAsNumber(*text))
-            form.outside.said.push_back({"The course has been saved, but \"" + *text +
-                                         "\" is no elevation, so that the file can't be retrieved. Please mend the "
-                                         "entry and save again."});
+    if (const auto failure = replaceFile(path, bytes))
+        form.outside.said.push_back(
+            {"The course could not be saved to " + path.string() + ": " + *failure + ".", "Course not saved"});
 }
 
 void retrieveCourse(ProfileForm& form)
@@ -181,7 +162,7 @@ void importTrack(ProfileForm& form, const std::string& bytes)
     course.pointCount = 2;
     readEntries(form);
     takePoints(*recorded, course);
-    setCaption(form.importnote, importNote(*recorded));
+    setCaption(form.importnote, noteOf(*recorded));
     redraw(form);
 }
 
@@ -197,13 +178,21 @@ void askForTrack(ProfileForm& form)
         form.outside.said.push_back({"The file " + *path + " can't be opened."});
 }
 
+Course solvedCourse(const ProfileForm& form)
+{
+    Course course = form.solved;
+    course.perfScale = form.state.course.perfScale;
+    return course;
+}
+
 TextTable splitTable(const ProfileForm& form)
 {
     TextTable table;
-    if (!(form.state.course.distAt.back() > 0))
+    const Course course = solvedCourse(form);
+    if (!(course.distAt.back() > 0))
         return table;
-    addSplits(form.state.course, false, table);
+    addSplits(course, false, table);
     table.rows.emplace_back();
-    addSplits(form.state.course, true, table);
+    addSplits(course, true, table);
     return table;
 }

@@ -1,5 +1,6 @@
 #include "course/profile_form.h"
 
+#include <chrono>
 #include <utility>
 #include <vector>
 
@@ -18,16 +19,17 @@ namespace
 {
     constexpr const char* workingForm = "working";
 
-    /// Shows the form `working` once a solve asks whether it shall go on, which only one that blocks does, and takes it
-    /// away at the end.
+    constexpr std::chrono::milliseconds patience{300};
+
+    /// Shows the form `working` where a solve takes long, and takes it away at the end.
     class WorkingWindow
     {
     public:
         explicit WorkingWindow(ProfileForm& solvedForm) : form(solvedForm), goOn(solvedForm.state.goOn)
         {
             form.state.goOn = [this] {
-                if (!std::exchange(open, true) && form.outside.openForm)
-                    form.outside.openForm(workingForm);
+                if (!open && std::chrono::steady_clock::now() - begin >= patience)
+                    show();
                 return !goOn || goOn();
             };
         }
@@ -41,8 +43,16 @@ namespace
         }
 
     private:
+        void show()
+        {
+            open = true;
+            if (form.outside.openForm)
+                form.outside.openForm(workingForm);
+        }
+
         ProfileForm& form;
         GoOn goOn;
+        std::chrono::steady_clock::time_point begin = std::chrono::steady_clock::now();
         bool open = false;
     };
 
@@ -205,6 +215,7 @@ namespace
         course.perfScale = 1;
         course.scur = 0;
         course.courseLoading = 1;
+        const OnLeaving loaded([&course] { course.courseLoading = 0; });
         listCourses(form);
         if (course.courseSaved == 0)
         {
@@ -216,7 +227,6 @@ namespace
             showEntries(form, course.entries);
         readEntries(form);
         redraw(form);
-        course.courseLoading = 0;
     }
 
     /// Keeps the entries, whatever closes the form. The points stay where they are.
@@ -229,7 +239,7 @@ namespace
     void printBand(ProfileForm& form)
     {
         form.state.activity = "printing the pace band";
-        const std::vector<std::string> band = paceBand(form.state.course, form.minpmi.chosen);
+        const std::vector<std::string> band = paceBand(solvedCourse(form), form.minpmi.chosen);
         if (band.size() > 1)
             form.outside.printer.printText(band);
         else
@@ -343,6 +353,7 @@ void redraw(ProfileForm& form, int solves)
     const WorkingWindow working(form);
     for (int i = 0; i < solves; ++i)
         solveAndSplit(form.state, [&form](CourseResult result) { showResult(form, result); });
+    form.solved = form.state.course;
 }
 
 void pressGraph(ProfileForm& form, Point at)

@@ -25,6 +25,7 @@ struct ProfileForm
     const std::filesystem::path& folder;   // of course files
     bool restoring = false;                // while entries are put back: their changes are read once, at the end
     CourseSlope lastSlope;                 // of the latest read-out
+    Course solved;                         // the course as it was last worked out: its splits stay when entries change
 
     TextBox Text1{{.name = "Text1",
                    .caption = "Distance",
@@ -191,5 +192,9 @@ void readGraph(ProfileForm& form, Point at);
 /// Faults: as `redraw`.
 void importTrack(ProfileForm& form, const std::string& bytes);
 
-/// The splits per kilometer and per mile, as they are copied and saved; empty before a solve.
+/// The course of the latest solve, with the multiplier as it is now.
+[[nodiscard]] Course solvedCourse(const ProfileForm& form);
+
+/// The splits of that course per kilometer and per mile, as they are copied and saved; empty before a solve.
+/// Faults: as `courseSplits`.
 [[nodiscard]] TextTable splitTable(const ProfileForm& form);

@@ -159,14 +159,25 @@ namespace
     }
 
     /// A distance as a person would enter it: to the meter or a finer part of a longer unit.
+    /// A rounded number of units that is a course still.
+    std::string inUnits(double metres, double unit, double steps)
+    {
+        const double rounded = roundedTo(metres / unit, steps);
+        if (rounded * unit > longestCourse)
+            return plainText(rounded - 1 / steps);
+        if (rounded * unit < shortestCourse)
+            return plainText(rounded + 1 / steps);
+        return plainText(rounded);
+    }
+
     std::string distanceText(double metres, CourseUnit unit)
     {
         switch (unit)
         {
-        case CourseUnit::miles: return plainText(roundedTo(metres / metresPerMile, 10000));
-        case CourseUnit::kilometers: return plainText(roundedTo(metres / metresPerKilometre, 1000));
-        case CourseUnit::yards: return plainText(roundHalfEven(metres / metresPerYard));
-        default: return plainText(roundHalfEven(metres));
+        case CourseUnit::miles: return inUnits(metres, metresPerMile, 10000);
+        case CourseUnit::kilometers: return inUnits(metres, metresPerKilometre, 1000);
+        case CourseUnit::yards: return inUnits(metres, metresPerYard, 1);
+        default: return inUnits(metres, 1, 1);
         }
     }
 
@@ -217,6 +228,7 @@ std::optional<RecordedCourse> courseOfRecording(const std::vector<RecordedPoint>
         course.recorded += static_cast<std::size_t>(place.merged);
         recorded.push_back(place.elevation);
     }
+    course.halfWidth = halfWidth;
     course.recordedRise = climbOf(recorded);
     EvenProfile profile = smoothed(evenProfile(places, length), halfWidth);
     course.rise = climbOf(profile.elevation);
@@ -225,6 +237,15 @@ std::optional<RecordedCourse> courseOfRecording(const std::vector<RecordedPoint>
     if (isTooSteep(course))
         return refuse(said, "The way in the file is steeper than 1:1 (45 degrees).");
     return course;
+}
+
+std::string noteOf(const RecordedCourse& course)
+{
+    return plainText(static_cast<double>(course.recorded)) + " points recorded, climb " +
+           formatNumber(course.recordedRise, 0, 0) + " m; smoothed over " + plainText(course.halfWidth) +
+           " m on either side, climb " + formatNumber(course.rise, 0, 0) + " m; " +
+           plainText(static_cast<double>(course.pointX.size())) + " points kept, largest elevation error " +
+           formatNumber(course.largestError, 0, 1) + " m";
 }
 
 void takePoints(const RecordedCourse& recorded, Course& course)
@@ -241,7 +262,7 @@ CourseEntries entriesOf(RecordedCourse& course, const CourseEntries& before)
     if (entries.unit == CourseUnit::marathon || entries.unit == CourseUnit::halfMarathon)
         entries.unit = CourseUnit::kilometers;
     entries.distance = distanceText(course.pointX.back(), entries.unit);
-    const double length = std::clamp(courseDistanceOf(entries.distance, entries.unit), shortestCourse, longestCourse);
+    const double length = courseDistanceOf(entries.distance, entries.unit);
     const double stretch = length / course.pointX.back();
     for (double& x : course.pointX)
         x = x * stretch;

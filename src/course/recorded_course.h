@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "model/messages.h"
@@ -33,6 +34,7 @@ struct RecordedCourse
     std::size_t recorded = 0;             // points with an elevation
     double recordedRise = 0;              // m, climb of the recording as it is
     double rise = 0, drop = 0;            // m, of the smoothed way
+    double halfWidth = usualSmoothing;    // m, of the smoothing
     double largestError = 0;              // m, between the smoothed way and the course
 };
 
@@ -55,6 +57,9 @@ struct EvenProfile
 /// `said` then tells why.
 [[nodiscard]] std::optional<RecordedCourse> courseOfRecording(const std::vector<RecordedPoint>& points,
                                                               double halfWidth, Messages& said);
+
+/// What was done to a recording, in words.
+[[nodiscard]] std::string noteOf(const RecordedCourse& course);
 
 /// Puts a recorded course in place of the one that there is.
 void takePoints(const RecordedCourse& recorded, Course& course);

@@ -99,8 +99,7 @@ void FormWindow::contextMenuEvent(QContextMenuEvent* event)
         return;
     auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    connect(menu->addAction(tr("&Copy table")), &QAction::triggered, this,
-            [this] { QApplication::clipboard()->setText(QString::fromStdString(textOf(table()))); });
+    connect(menu->addAction(tr("&Copy table")), &QAction::triggered, this, [this] { copyTable(); });
     connect(menu->addAction(tr("&Save as CSV...")), &QAction::triggered, this, &FormWindow::saveTable);
     menu->popup(event->globalPos());
 }
@@ -111,7 +110,25 @@ void FormWindow::saveTable()
         QFileDialog::getSaveFileName(this, tr("Save as"), QString::fromStdString(formName) + ".csv", tr("CSV (*.csv)"));
     if (path.isEmpty() || !table)
         return;
-    if (const auto failure = replaceFile(path.toStdString(), csvOf(table())))
+    const std::optional<TextTable> rows = tableNow();
+    if (!rows)
+        return;
+    if (const auto failure = replaceFile(path.toStdString(), csvOf(*rows)))
         QMessageBox::warning(this, tr("Not saved"),
                              tr("%1 could not be written: %2").arg(path, QString::fromStdString(*failure)));
+}
+
+void FormWindow::copyTable()
+{
+    if (const std::optional<TextTable> rows = tableNow())
+        QApplication::clipboard()->setText(QString::fromStdString(textOf(*rows)));
+}
+
+/// Nothing where a fault stops it, which is told like that of any event.
+std::optional<TextTable> FormWindow::tableNow()
+{
+    std::optional<TextTable> rows;
+    if (shownProgram && table)
+        enter(*shownProgram, formName, false, [&] { rows = table(); });
+    return rows;
 }

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include <QMainWindow>
@@ -36,6 +37,8 @@ protected:
 private:
     void pressWithEnter();
     void saveTable();
+    void copyTable();
+    [[nodiscard]] std::optional<TextTable> tableNow();
 
     Program* shownProgram = nullptr;
     std::string formName;

@@ -26,7 +26,10 @@ void StopOffer::restart()
 bool StopOffer::goOn()
 {
     if (sinceBegin.elapsed() < patienceMilliseconds)
+    {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);   // paints what says that there is work
         return true;
+    }
     if (!offer)
     {
         offer = new QProgressDialog(QObject::tr("Still calculating..."), QObject::tr("&Stop"), 0, 0, window());

@@ -52,6 +52,8 @@ namespace
     std::optional<double> numberOf(std::string_view text, double from, double to)
     {
         text = trimmed(text);
+        if (text.starts_with('+') && !text.starts_with("+-"))
+            text.remove_prefix(1);   // which decimals may have
         double number = 0;
         const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
         if (error != std::errc{} || end != text.data() + text.size() || !(number >= from && number <= to))

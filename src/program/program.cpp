@@ -57,15 +57,28 @@ namespace
             program.outside.dialogs.fault(*stopped);
     }
 
+    void drop(Program& program, const FormPlace& place)
+    {
+        if (program.unloading)
+            program.unloading(*place.find());
+        place.drop();
+    }
+
     void unload(Program& program, const FormPlace& place)
     {
         Form* const form = place.find();
         if (!form)
             return;
         happen(program, form->name, false, form->unloaded);
-        if (program.unloading)
-            program.unloading(*form);
-        place.drop();
+        drop(program, place);
+    }
+
+    /// A form that another one closes, and that has nothing to do before it goes, need not wait for the event's end: it
+    /// is away before messages and faults are shown.
+    bool goesAtOnce(const Program& program, const FormPlace& place)
+    {
+        const Form* const form = place.find();
+        return form && !form->unloaded && program.underWay && place.name != program.atWork;
     }
 
     /// A folder as it is named from the root, or as it is where the current one is gone.
@@ -97,7 +110,13 @@ Program::Program(Dialogs dialogs, Printer printer, std::filesystem::path setting
     outside.dialogs = std::move(dialogs);
     outside.printer = std::move(printer);
     outside.openForm = [this](const std::string& name) { openForm(*this, name); };
-    outside.closeForm = [this](const std::string& name) { closeForm(*this, name); };
+    outside.closeForm = [this](const std::string& name) {
+        const FormPlace* const place = placeOf(*this, name);
+        if (place && goesAtOnce(*this, *place))
+            drop(*this, *place);
+        else
+            closeForm(*this, name);
+    };
     vantstart = std::make_unique<VantstartForm>(state, outside);
     setLoadDefaults(*vantstart);
     addAnalysisForms(*this);
@@ -178,6 +197,7 @@ void enter(Program& program, const std::string& where, bool keystroke, const Eve
     if (program.underWay)
         return;
     program.underWay = true;
+    program.atWork = where.substr(0, where.find('.'));
     const OnLeaving over([&program] { program.underWay = false; });
     happen(program, where, keystroke, event);
     while (!program.closing.empty())

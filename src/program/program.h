@@ -43,6 +43,7 @@ struct Program
     std::vector<FormPlace> forms;               // all others by name
     std::vector<std::string> closing;           // forms to be unloaded when the event under way has ended
     bool underWay = false;                      // an event that came from outside
+    std::string atWork;                         // the form of that event
     bool stopping = false;                      // every form goes: nothing is worked out to be shown any more
 
     Event beginning = {};                        // an event comes from outside

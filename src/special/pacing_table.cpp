@@ -13,7 +13,7 @@ namespace
     constexpr double rowStep = 2;          // s a mile
     constexpr int rowsAtLeast = 200;       // printed even of a table without an end
 
-    /// A race time at curDistance, and how much of it the long-distance fade takes off, as a negative time.
+    /// A race time at curDistance, and how much of it the long-distance fade takes off.
     struct FadedTime
     {
         double time = 0, penalty = 0;   // s

@@ -47,7 +47,7 @@ struct SplitAnalysis
 /// The even-pace time of split rows.
 ///
 /// Method 1 is an exponent model of effort with corrections for how often the speed alternates; method 2 spreads a
-/// stress of about the fourth power of speed evenly. The result never compares better with the runner's curve than the
+/// stress of about the fourth power of speed evenly. The result never compares worse with the runner's curve than the
 /// best stretch of consecutive rows does. With more than two rows it is worked out five times, without the first row,
 /// the last, both, and again with all: a first or last row of unusual length distorts it, so that the best ratio holds.
 ///   entries     27 rows
