@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include <QAction>
 #include <QApplication>
@@ -51,24 +52,66 @@ namespace
         return font;
     }
 
+    /// The part of a line within a rectangle, if there is one. Halves keep the differences of the farthest ends finite.
+    std::optional<QLineF> partOf(const LinePrimitive& line, const QRectF& rect)
+    {
+        const double dx = line.to.x / 2 - line.from.x / 2;
+        const double dy = line.to.y / 2 - line.from.y / 2;
+        double begin = 0;
+        double end = 1;
+        const auto keep = [&](double direction, double from, double limit) {   // where from + t * direction <= limit
+            const double room = limit / 2 - from / 2;
+            if (direction > 0)
+                end = std::min(end, room / direction);
+            else if (direction < 0)
+                begin = std::max(begin, room / direction);
+            else if (room < 0)
+                end = -1;
+        };
+        keep(dx, line.from.x, rect.right());
+        keep(-dx, -line.from.x, -rect.left());
+        keep(dy, line.from.y, rect.bottom());
+        keep(-dy, -line.from.y, -rect.top());
+        if (begin > end)
+            return std::nullopt;
+        const auto at = [&](double t) {
+            return QPointF(std::clamp(line.from.x + 2 * (t * dx), rect.left(), rect.right()),
+                           std::clamp(line.from.y + 2 * (t * dy), rect.top(), rect.bottom()));
+        };
+        return QLineF(at(begin), at(end));
+    }
+
+    /// The picture and its width and height on every side: what lies farther out, no painter need be asked to draw.
+    QRectF surroundings(const Picture& picture)
+    {
+        const QRectF rect(0, 0, picture.size.x, picture.size.y);
+        return rect.adjusted(-picture.size.x, -picture.size.y, picture.size.x, picture.size.y);
+    }
+
     /// Draws shapes at their place on the device, so that pens keep their own widths.
     struct ShapePainter
     {
         QPainter& painter;
         const QTransform& place;
+        const QRectF& near;
         double penWidth;
 
         void operator()(const LinePrimitive& line) const
         {
-            painter.drawLine(place.map(QPointF(line.from.x, line.from.y)), place.map(QPointF(line.to.x, line.to.y)));
+            if (const std::optional<QLineF> part = partOf(line, near))
+                painter.drawLine(place.map(*part));
         }
         void operator()(const CirclePrimitive& circle) const
         {
+            if (!isNear(circle.centre))
+                return;
             const double radius = circle.radius * place.m11();
             painter.drawEllipse(place.map(QPointF(circle.centre.x, circle.centre.y)), radius, radius);
         }
         void operator()(const PointPrimitive& point) const
         {
+            if (!isNear(point.at))
+                return;
             const double radius = penWidth / 2;
             painter.setBrush(painter.pen().color());
             painter.drawEllipse(place.map(QPointF(point.at.x, point.at.y)), radius, radius);
@@ -76,11 +119,14 @@ namespace
         }
         void operator()(const TextPrimitive& text) const
         {
+            if (!isNear(text.at))
+                return;
             const QPointF at = place.map(QPointF(text.at.x, text.at.y));   // the text's left upper corner
             painter.setFont(text.size > 0 ? labelFont(text.size * place.m11()) : fixedFont());
             painter.drawText(QPointF(at.x(), at.y() + painter.fontMetrics().ascent()),
                              QString::fromStdString(text.text));
         }
+        [[nodiscard]] bool isNear(Point at) const { return near.contains(at.x, at.y); }
     };
 }
 
@@ -91,10 +137,11 @@ void paintPicture(QPainter& painter, const Picture& picture, const QRectF& into)
     painter.fillRect(into, colourOf(picture.background));
     const QTransform place = placement(picture, into);
     painter.setClipRect(place.mapRect(QRectF(0, 0, picture.size.x, picture.size.y)), Qt::IntersectClip);
+    const QRectF near = surroundings(picture);
     for (const Primitive& primitive : picture.primitives)
     {
         painter.setPen(QPen(colourOf(primitive.colour), std::max(primitive.width, 1.0)));
-        std::visit(ShapePainter{painter, place, std::max(primitive.width, 1.0)}, primitive.shape);
+        std::visit(ShapePainter{painter, place, near, std::max(primitive.width, 1.0)}, primitive.shape);
     }
     painter.restore();
 }

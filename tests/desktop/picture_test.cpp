@@ -120,6 +120,35 @@ namespace
         EXPECT_NE(at(120, 50), QColor(Qt::white));   // its right edge: 20 pixels from its centre
     }
 
+    QImage drawn(const std::vector<Primitive>& primitives)
+    {
+        Picture picture = sample();
+        picture.primitives = primitives;
+        QImage image(400, 200, QImage::Format_RGB32);
+        QPainter painter(&image);
+        paintPicture(painter, picture, QRectF(0, 0, 400, 200));
+        return image;
+    }
+
+    // A course may have a point at 1e300 m.
+    TEST(Pictures, DrawTheirPartOfWhatLiesFarAway)
+    {
+        const QImage onwards = drawn({{LinePrimitive{{100, 50}, {1e301, 50}}, red, 3}});
+        EXPECT_EQ(onwards.pixelColor(300, 100), QColor(Qt::red));
+        EXPECT_EQ(onwards.pixelColor(150, 100), QColor(Qt::white));
+        const QImage across = drawn({{LinePrimitive{{-1.7e308, 50}, {1.7e308, 50}}, red, 3}});
+        EXPECT_EQ(across.pixelColor(1, 100), QColor(Qt::red));
+        EXPECT_EQ(across.pixelColor(398, 100), QColor(Qt::red));
+        const QImage slanting = drawn({{LinePrimitive{{0, 0}, {1e301, 0.5e301}}, red, 3}});
+        EXPECT_EQ(slanting.pixelColor(200, 100), QColor(Qt::red));
+        EXPECT_EQ(slanting.pixelColor(200, 20), QColor(Qt::white));
+        const QImage beside = drawn({{LinePrimitive{{1e301, 0}, {1e301, 100}}, red, 3},
+                                     {CirclePrimitive{{-1e301, 0}, 10}, red, 1},
+                                     {PointPrimitive{{0, 1e301}}, red, 7},
+                                     {TextPrimitive{"far", {1e301, 1e301}}, red, 1}});
+        EXPECT_EQ(countOf(beside, Qt::white), 400 * 200);
+    }
+
     TEST(Pictures, AreWhiteInDarkPalettesToo)
     {
         const QPalette light = QApplication::palette();
