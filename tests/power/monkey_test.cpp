@@ -1,6 +1,5 @@
 // Uses the forms about power, hills and pacing without sense or mercy. The same seed does the same.
 
-#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <random>
@@ -10,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include "program/state_names.h"
+#include "support/finite_state.h"
 #include "support/tool_form.h"
 
 namespace
@@ -51,14 +50,7 @@ namespace
             for (const FaultReport& fault : main.outside.faults)
                 EXPECT_TRUE(fault.text.starts_with("The calculation stopped: ")) << fault.text << when;
             EXPECT_EQ(main.state().incline.indoorMode, 0) << when;
-            for (const StateName& name : stateNames())
-            {
-                const StateValue value = name.get(main.state());
-                if (const double* number = std::get_if<double>(&value))
-                {
-                    EXPECT_TRUE(std::isfinite(*number)) << name.name << when;
-                }
-            }
+            expectFiniteState(main.state(), when);
             if (const Form* form = main.form())
                 for (const ControlRef& control : form->controls)
                     expectSound(control, when);

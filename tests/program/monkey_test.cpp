@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdint>
 #include <memory>
 #include <random>
@@ -12,26 +11,12 @@
 #include <gtest/gtest.h>
 
 #include "program/program.h"
-#include "program/state_names.h"
+#include "support/finite_state.h"
 #include "support/recorded_outside.h"
 #include "support/scratch_folder.h"
 
 namespace
 {
-    bool isFinite(const StateValue& value)
-    {
-        const auto all = [](const std::vector<double>& numbers) {
-            return std::all_of(numbers.begin(), numbers.end(), [](double x) { return std::isfinite(x); });
-        };
-        if (const double* number = std::get_if<double>(&value))
-            return std::isfinite(*number);
-        if (const auto* numbers = std::get_if<std::vector<double>>(&value))
-            return all(*numbers);
-        if (const auto* columns = std::get_if<std::vector<std::vector<double>>>(&value))
-            return std::all_of(columns->begin(), columns->end(), all);
-        return true;
-    }
-
     /// Uses the main form without sense or mercy. The same seed does the same.
     class Monkey
     {
@@ -65,8 +50,7 @@ namespace
                 EXPECT_LE(outside.faults.size(), 1U) << when;
             }
             EXPECT_TRUE(program->outside.said.empty()) << when;
-            for (const StateName& name : stateNames())
-                EXPECT_TRUE(isFinite(name.get(program->state))) << name.name << when;
+            expectFiniteState(program->state, when);
             for (const ControlRef& control : program->vantstart->form.controls)
             {
                 if (ScrollBar* const* bar = std::get_if<ScrollBar*>(&control))

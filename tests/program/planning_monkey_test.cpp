@@ -1,4 +1,3 @@
-#include <cmath>
 #include <cstdint>
 #include <random>
 #include <string>
@@ -7,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "program/state_names.h"
+#include "support/finite_state.h"
 #include "support/planning.h"
 
 namespace
@@ -38,12 +37,7 @@ namespace
             for (const FaultReport& fault : program.outside.faults)
                 EXPECT_TRUE(fault.text.starts_with("The calculation stopped: ")) << fault.text;
             EXPECT_TRUE(program.program.outside.said.empty()) << last;
-            for (const StateName& name : stateNames())
-            {
-                const StateValue value = name.get(program.state());
-                const double* number = std::get_if<double>(&value);
-                EXPECT_TRUE(!number || std::isfinite(*number)) << name.name << " after " << last;
-            }
+            expectFiniteState(program.state(), " after " + last);
             if (const ::Form* form = findForm(program.program, program.formName))
             {
                 for (const ControlRef& control : form->controls)

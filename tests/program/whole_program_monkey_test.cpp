@@ -1,8 +1,6 @@
 // All forms of the program together, used without sense or mercy.
 
-#include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
@@ -16,29 +14,12 @@
 #include <gtest/gtest.h>
 
 #include "program/program.h"
-#include "program/state_names.h"
+#include "support/finite_state.h"
 #include "support/recorded_outside.h"
 #include "support/scratch_folder.h"
 
 namespace
 {
-    using Numbers = std::vector<double>;
-
-    bool areFinite(const Numbers& numbers)
-    {
-        return std::all_of(numbers.begin(), numbers.end(), [](double x) { return std::isfinite(x); });
-    }
-
-    bool isFinite(const StateValue& value)
-    {
-        if (const double* number = std::get_if<double>(&value))
-            return std::isfinite(*number);
-        if (const auto* numbers = std::get_if<Numbers>(&value))
-            return areFinite(*numbers);
-        const auto* columns = std::get_if<std::vector<Numbers>>(&value);
-        return !columns || std::all_of(columns->begin(), columns->end(), areFinite);
-    }
-
     constexpr std::array sense{"1",   "2",   "3",    "5",    "10",   "15",    "20",    "21",   "30",
                                "40",  "42",  "59.5", "60",   "75",   "100",   "200",   "250",  "350",
                                "400", "600", "800",  "1500", "3000", "10000", "42195", "0.02", "-0.05"};
@@ -103,8 +84,7 @@ namespace
                 EXPECT_TRUE(fault.text.starts_with("The calculation stopped: ")) << fault.text << " after " << last;
             EXPECT_TRUE(program->outside.said.empty()) << last;
             EXPECT_FALSE(program->underWay) << last;
-            for (const StateName& name : stateNames())
-                EXPECT_TRUE(isFinite(name.get(program->state))) << name.name << " after " << last;
+            expectFiniteState(program->state, " after " + last);
             for (Form* form : openForms())
                 for (const ControlRef& control : form->controls)
                     expectSense(form->name, control);

@@ -10,24 +10,12 @@
 
 #include <gtest/gtest.h>
 
-#include "program/state_names.h"
+#include "support/finite_state.h"
 #include "support/person.h"
 #include "support/tool_form.h"
 
 namespace
 {
-    bool isFinite(const StateValue& value)
-    {
-        if (const double* number = std::get_if<double>(&value))
-            return std::isfinite(*number);
-        if (const auto* numbers = std::get_if<std::vector<double>>(&value))
-            return std::all_of(numbers->begin(), numbers->end(), [](double number) { return std::isfinite(number); });
-        if (const auto* columns = std::get_if<std::vector<std::vector<double>>>(&value))
-            return std::all_of(columns->begin(), columns->end(),
-                               [](const std::vector<double>& column) { return isFinite(StateValue(column)); });
-        return true;
-    }
-
     class Monkey
     {
     public:
@@ -58,8 +46,7 @@ namespace
             for (const FaultReport& fault : tools.outside.faults)
                 EXPECT_TRUE(fault.text.starts_with("The calculation stopped: ")) << fault.text << when;
             EXPECT_EQ(tools.state().flags.tableMode, 0) << when;
-            for (const StateName& name : stateNames())
-                EXPECT_TRUE(isFinite(name.get(tools.state()))) << name.name << when;
+            expectFiniteState(tools.state(), when);
             if (const Form* form = tools.form())
                 for (const ControlRef& control : form->controls)
                     expectSound(control, when);
