@@ -245,6 +245,31 @@ namespace
         EXPECT_EQ(tables.state().flags.ageCompareForced, 0);
     }
 
+    // A child of 5 has a curve so steep that its column lowers the exponent of the anaerobic store.
+    TEST(Perflevform, LeavesTheAnaerobicExponentUntilReCalculate)
+    {
+        Tables tables;
+        tables.person.enterRace(0, {"", "2", "10", "800", 4});
+        tables.person.enterRace(1, {"", "20", "", "5000", 4});
+        tables.person.click("Command1");
+        const double& anaerobicExp = tables.state().curve.anaerobicExp;
+        EXPECT_EQ(anaerobicExp, 0.65);
+        tables.open();
+        tables.choose("opage");
+        tables.type("Text1", "20");
+        tables.click("Command1");
+        EXPECT_EQ(anaerobicExp, 0.65);
+        tables.type("Text1", "5");
+        tables.click("Command1");
+        EXPECT_LT(anaerobicExp, 0.6);
+        EXPECT_GE(anaerobicExp, 0.49);
+        const double left = anaerobicExp;
+        tables.click("Command3");
+        EXPECT_EQ(anaerobicExp, left);
+        tables.person.click("Command1");
+        EXPECT_EQ(anaerobicExp, 0.65);
+    }
+
     TEST(Perflevform, PrintsTheTableThatStands)
     {
         Tables tables;
