@@ -13,7 +13,7 @@
 using Layout = void (*)(QMainWindow&);
 
 /// The window of one form. Closing it by any way unloads the form; Esc closes, and Enter presses the button that has
-/// the focus, from everywhere else the form's default button.
+/// the focus, from everywhere else the form's default button; F1 opens the help on the form.
 class FormWindow : public QMainWindow
 {
     Q_OBJECT
@@ -35,6 +35,7 @@ protected:
 
 private:
     void pressWithEnter();
+    void askForHelp();
     void saveTable();
 
     Program* shownProgram = nullptr;
