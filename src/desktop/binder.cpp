@@ -363,6 +363,7 @@ namespace
             if (!widget)
                 return;
             describe(*picture, *widget);
+            widget->setButton(picture->isButton);
             follow(*picture, *widget);
             bindMouse(*picture, *widget);
         }
@@ -410,6 +411,14 @@ namespace
         }
     };
 
+    /// A form's own size, which a window that fills the screen does not take.
+    void showSize(const Form& form, QWidget& window)
+    {
+        constexpr double unitsPerPixel = 15;
+        if (form.size != Point{} && !window.isMaximized())
+            window.resize(static_cast<int>(form.size.x / unitsPerPixel), static_cast<int>(form.size.y / unitsPerPixel));
+    }
+
     bool isUsedByPeople(const QObject& object)
     {
         return object.inherits("QLineEdit") || object.inherits("QAbstractButton") ||
@@ -442,6 +451,8 @@ QStringList bindForm(Program& program, Form& form, QWidget& window, QObject& lif
 {
     window.setWindowTitle(text(form.title));
     form.titleShown = [&form, &window] { window.setWindowTitle(text(form.title)); };
+    form.sizeShown = [&form, &window] { showSize(form, window); };
+    form.sizeShown();
     Binding binding{program, form, window, lifetime};
     for (const ControlRef& control : form.controls)
         std::visit([&binding](auto* record) { binding(record); }, control);

@@ -15,8 +15,10 @@
 
 #include "desktop/binder.h"
 #include "desktop/fixed_font.h"
+#include "desktop/picture_widget.h"
 #include "forms/files.h"
 #include "forms/text_table.h"
+#include "program/help_forms.h"
 
 namespace
 {
@@ -39,6 +41,7 @@ FormWindow::FormWindow(Layout layOut)
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
         connect(new QShortcut(key, this), &QShortcut::activated, this, &FormWindow::pressWithEnter);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
+    connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this, &FormWindow::askForHelp);
 }
 
 QStringList FormWindow::connectWith(Program& program, Form& form)
@@ -72,11 +75,19 @@ void FormWindow::pressWithEnter()
 {
     if (auto* const focused = qobject_cast<QPushButton*>(focusWidget()))
         return focused->click();
+    if (auto* const picture = qobject_cast<PictureWidget*>(focusWidget()); picture && picture->isButton())
+        return picture->press();
     const QList<QPushButton*> buttons = findChildren<QPushButton*>();
     const auto byDefault =
         std::find_if(buttons.begin(), buttons.end(), [](auto* button) { return button->isDefault(); });
     if (byDefault != buttons.end())
         (*byDefault)->click();
+}
+
+void FormWindow::askForHelp()
+{
+    if (Program* const program = shownProgram)
+        enter(*program, formName, false, [program, name = formName] { openHelpOn(*program, name); });
 }
 
 /// While an event is under way its form has to stay; it is unloaded at the event's end.

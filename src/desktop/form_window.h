@@ -14,7 +14,7 @@
 using Layout = void (*)(QMainWindow&);
 
 /// The window of one form. Closing it by any way unloads the form; Esc closes, and Enter presses the button that has
-/// the focus, from everywhere else the form's default button.
+/// the focus, from everywhere else the form's default button; F1 opens the help on the form.
 class FormWindow : public QMainWindow
 {
     Q_OBJECT
@@ -36,6 +36,7 @@ protected:
 
 private:
     void pressWithEnter();
+    void askForHelp();
     void saveTable();
     void copyTable();
     [[nodiscard]] std::optional<TextTable> tableNow();

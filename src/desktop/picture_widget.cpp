@@ -11,6 +11,7 @@
 #include <QContextMenuEvent>
 #include <QFileDialog>
 #include <QImage>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMouseEvent>
@@ -160,6 +161,18 @@ void PictureWidget::showPicture(const Picture& picture)
     update();
 }
 
+void PictureWidget::setButton(bool button)
+{
+    pressedByKeys = button;
+    setFocusPolicy(button ? Qt::StrongFocus : Qt::ClickFocus);
+    setCursor(button ? Qt::PointingHandCursor : Qt::ArrowCursor);
+}
+
+void PictureWidget::press()
+{
+    emit pressedAt(toPicture(QRectF(rect()).center()));
+}
+
 QPointF PictureWidget::toPicture(QPointF point) const
 {
     return placement(shown, rect()).inverted().map(point);
@@ -231,6 +244,12 @@ void PictureWidget::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     paintPicture(painter, shown, rect());
+    if (pressedByKeys && hasFocus())
+    {
+        constexpr double width = 2;
+        painter.setPen(QPen(palette().color(QPalette::Highlight), width));
+        painter.drawRect(QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2));
+    }
 }
 
 void PictureWidget::mousePressEvent(QMouseEvent* event)
@@ -242,6 +261,14 @@ void PictureWidget::mousePressEvent(QMouseEvent* event)
 void PictureWidget::mouseMoveEvent(QMouseEvent* event)
 {
     emit movedTo(toPicture(event->position()));
+}
+
+void PictureWidget::keyPressEvent(QKeyEvent* event)
+{
+    if (pressedByKeys && event->key() == Qt::Key_Space)
+        press();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void PictureWidget::contextMenuEvent(QContextMenuEvent* event)

@@ -24,6 +24,13 @@ public:
 
     void showPicture(const Picture& picture);
 
+    /// Whether it can be pressed by the keyboard as well: it is reached by the Tab key then, and shows that it is.
+    void setButton(bool button);
+    [[nodiscard]] bool isButton() const { return pressedByKeys; }
+
+    /// As a press in its middle.
+    void press();
+
     /// The place of a point of the widget in picture units.
     [[nodiscard]] QPointF toPicture(QPointF point) const;
 
@@ -41,6 +48,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
@@ -50,4 +58,5 @@ private:
     void saveAs();
 
     Picture shown;
+    bool pressedByKeys = false;
 };

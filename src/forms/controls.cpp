@@ -89,6 +89,14 @@ void setTitle(Form& form, const std::string& title)
     fire(form.titleShown);
 }
 
+void setSize(Form& form, Point size)
+{
+    if (form.size == size)
+        return;
+    form.size = size;
+    fire(form.sizeShown);
+}
+
 void setChosen(OptionButton& option, bool chosen)
 {
     if (!write(option, option.chosen, chosen) || !chosen)

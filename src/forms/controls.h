@@ -144,6 +144,7 @@ struct Picture : Control
     std::vector<Primitive> primitives = {};
     Point size = {};   // right lower corner, in picture units
     Colour background = {255, 255, 255};
+    bool isButton = false;   // a press means the same all over it, and can come from the keyboard
     std::function<void(Point)> pressed = {};
     std::function<void(Point)> moved = {};
 };
@@ -162,6 +163,8 @@ struct Form
     Event opened = {};                       // whenever somebody has asked for it, open before or not
     Event unloaded = {};                     // before it goes
     std::function<TextTable()> table = {};   // what it shows as a table, to be copied and saved, if it has one
+    Point size = {};                         // what its window opens with, in picture units; 0: as that is laid out
+    Event sizeShown = {};
 };
 
 [[nodiscard]] Control& common(const ControlRef& control);
@@ -180,6 +183,7 @@ void setVisible(Control& control, bool visible);
 void setTicked(CheckBox& box, bool ticked);
 void setTicked(MenuItem& item, bool ticked);
 void setTitle(Form& form, const std::string& title);
+void setSize(Form& form, Point size);
 
 /// Choosing an option clears the others of its group and fires its click; switching one off fires nothing.
 void setChosen(OptionButton& option, bool chosen);

@@ -9,6 +9,7 @@
 #include "forms/on_leaving.h"
 #include "program/analysis_forms.h"
 #include "program/course_forms.h"
+#include "program/help_forms.h"
 #include "program/planning_forms.h"
 #include "program/power_forms.h"
 #include "program/table_forms.h"
@@ -125,6 +126,7 @@ Program::Program(Dialogs dialogs, Printer printer, std::filesystem::path setting
     addCourseForms(*this);
     addWeatherForms(*this);
     addTableForms(*this);
+    addHelpForms(*this);
 }
 
 void start(Program& program)
@@ -170,6 +172,7 @@ void openForm(Program& program, const std::string& name)
     {
         place->build();
         form = place->find();
+        connectHelp(program, *form);
         const OnLeaving showIt([&] { show(program, *form); });
         fire(form->load);
     }
@@ -199,6 +202,7 @@ void enter(Program& program, const std::string& where, bool keystroke, const Eve
     program.underWay = true;
     program.atWork = where.substr(0, where.find('.'));
     const OnLeaving over([&program] { program.underWay = false; });
+    chooseTopic(program, where);
     happen(program, where, keystroke, event);
     while (!program.closing.empty())
     {

@@ -9,6 +9,7 @@
 
 #include "forms/controls.h"
 #include "forms/outside.h"
+#include "help/help_topics.h"
 #include "model/arithmetic.h"
 #include "model/model_state.h"
 #include "prediction/settings_form.h"
@@ -44,7 +45,8 @@ struct Program
     std::vector<std::string> closing;           // forms to be unloaded when the event under way has ended
     bool underWay = false;                      // an event that came from outside
     std::string atWork;                         // the form of that event
-    bool stopping = false;                      // every form goes: nothing is worked out to be shown any more
+    HelpTopicName helpTopic = HelpTopicName::programOverview;   // what helpform prints when it is asked for next
+    bool stopping = false;   // every form goes: nothing is worked out to be shown any more
 
     Event beginning = {};                        // an event comes from outside
     Event ending = {};                           // it has ended, and nothing that was said has been shown yet

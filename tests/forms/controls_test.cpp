@@ -313,6 +313,18 @@ namespace
         EXPECT_EQ(form.title, "new");
     }
 
+    TEST(Form, TellsANewSizeOnce)
+    {
+        Log log;
+        Form form{"name", "title"};
+        form.sizeShown = noting(log, "size");
+        setSize(form, {});
+        setSize(form, {9300, 8750});
+        setSize(form, {9300, 8750});
+        EXPECT_EQ(log, Log{"size"});
+        EXPECT_EQ(form.size, (Point{9300, 8750}));
+    }
+
     TEST(Form, FindsAControlByItsWholeName)
     {
         TextBox box{{.name = "Text1(0)"}};

@@ -41,7 +41,7 @@ namespace
         return dark;
     }
 
-    /// Types into a box, chooses an option, ticks, slides, or presses a button.
+    /// Types into a box, chooses an option, ticks, slides, or presses a button or a picture.
     struct Work
     {
         const std::string& text;
@@ -51,6 +51,11 @@ namespace
         void operator()(CheckBox* box) const { setTicked(*box, !box->ticked); }
         void operator()(ScrollBar* bar) const { setValue(*bar, std::stoll(text)); }
         void operator()(Button* button) const { Event(button->clicked)(); }
+        void operator()(Picture* picture) const
+        {
+            if (const auto pressed = picture->pressed)
+                pressed({});
+        }
         template <class Other>
         void operator()(Other*) const
         {}
