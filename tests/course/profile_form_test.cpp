@@ -1,74 +1,25 @@
 #include "course/profile_form.h"
 
-#include <algorithm>
 #include <chrono>
 #include <string>
 #include <thread>
+#include <utility>
 #include <variant>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "course/profile_files_form.h"
 #include "forms/colours.h"
 #include "model/arithmetic.h"
-#include "model/text.h"
-#include "solved_course.h"
-#include "support/case_name.h"
+#include "open_profile.h"
 #include "support/close_to.h"
-#include "support/planning.h"
 
 namespace
 {
     using testing::ElementsAre;
     using testing::HasSubstr;
     using testing::IsEmpty;
-
-    /// The course form of the man who runs 5000 m in 20:00, open.
-    struct OpenProfile : PlanningProgram
-    {
-        OpenProfile() : PlanningProgram("profile") { open(); }
-
-        [[nodiscard]] Course& course() { return state().course; }
-        void press(double x, double y)
-        {
-            const auto pressed = usable<Picture>("p1").pressed;
-            enter(program, "profile.p1", false, [&] { pressed({x, y}); });
-        }
-        void move(double x, double y)
-        {
-            const auto moved = usable<Picture>("p1").moved;
-            enter(program, "profile.p1", true, [&] { moved({x, y}); });
-        }
-        void enterPoint(const char* x, const char* y)
-        {
-            type("distx", x);
-            type("eletx", y);
-            click("Command4");
-        }
-        [[nodiscard]] std::vector<std::string> said()
-        {
-            std::vector<std::string> texts;
-            for (const Message& message : outside.messages)
-                texts.push_back(message.text);
-            outside.forget();
-            return texts;
-        }
-        [[nodiscard]] std::vector<double> xs()
-        {
-            return {course().pointX.begin(), course().pointX.begin() + course().pointCount};
-        }
-        [[nodiscard]] std::vector<Primitive> drawn(Colour colour)
-        {
-            std::vector<Primitive> some;
-            for (const Primitive& primitive : get<Picture>("p1").primitives)
-                if (primitive.colour == colour)
-                    some.push_back(primitive);
-            return some;
-        }
-        void write(const std::string& name, const std::string& bytes) { writeBytes(folder.path / name, bytes); }
-    };
 
     TEST(OpenedProfile, ShowsItsDefaultsSolved)
     {
@@ -158,58 +109,138 @@ namespace
         EXPECT_THAT(profile.xs(), ElementsAre(0, 5000));
     }
 
-    TEST(Mouse, ReadsTheCourse)
+    TEST(Mouse, OnTheRightEdgeStoresAFirstPointAtTheFinish)
     {
         OpenProfile profile;
-        profile.move(6150, 3100);
-        EXPECT_EQ(profile.text("mousexm"), "  2500");
-        EXPECT_EQ(profile.text("mousexmi"), "  1.55");
-        EXPECT_EQ(profile.text("mouseym"), "   350");
-        EXPECT_EQ(profile.text("mouseyft"), "  1148");
-        EXPECT_EQ(profile.text("mousegrade"), "0.0200");
-        EXPECT_EQ(profile.text("Text12"), " 1.554");
-        EXPECT_EQ(profile.text("Text13"), "  2500");   // 2500.5 rounds to 2500, being 2500.49995
-        // readings of the second computation at x = 2500: 650.3 s
-        EXPECT_EQ(profile.text("Text11"), "   10:50  ");
+        profile.press(12150, 3700);
+        EXPECT_THAT(profile.xs(), ElementsAre(0, 5000, 5000));
+        ASSERT_EQ(profile.outside.faults.size(), 1U);
+        EXPECT_THAT(profile.outside.faults[0].text, HasSubstr("\"Clear\""));
+        profile.slide("origel", 301);
+        EXPECT_EQ(profile.outside.faults.size(), 2U);
+        profile.click("Command3");
+        EXPECT_EQ(profile.outside.faults.size(), 2U);
+        EXPECT_THAT(profile.xs(), ElementsAre(0, 5000));
     }
 
-    TEST(Mouse, AtTheFinishOfPointsKeepsTheLastSlope)
+    TEST(TypedPoint, OfAMarathonOrAHalfLiesAtTheFinishAndFaultsUntilClear)
+    {
+        for (const auto& [unit, metres] : {std::pair{"pma", 42195.0}, std::pair{"phm", 21097.5}})
+        {
+            OpenProfile profile;
+            profile.choose(unit);
+            profile.enterPoint("1", "300");   // the number does not count
+            EXPECT_THAT(profile.xs(), ElementsAre(0, metres, metres));
+            ASSERT_EQ(profile.outside.faults.size(), 1U);
+            EXPECT_THAT(profile.outside.faults[0].text, HasSubstr("\"Clear\""));
+            profile.slide("origel", 301);
+            EXPECT_EQ(profile.outside.faults.size(), 2U);
+            profile.click("Command3");
+            EXPECT_EQ(profile.outside.faults.size(), 2U);
+            EXPECT_THAT(profile.xs(), ElementsAre(0, metres));
+        }
+    }
+
+    TEST(TypedPoint, Beyond500KilometersIsDroppedAndTheMarksStay)
     {
         OpenProfile profile;
-        profile.press(6150, 3700);
-        profile.move(12150, 3700);
-        EXPECT_EQ(profile.text("mousegrade"), "0.0000") << "nothing was read so far";
-        EXPECT_EQ(profile.text("Text13"), "  5001");
-        profile.move(9150, 3700);
-        const std::string grade = profile.text("mousegrade");
-        EXPECT_EQ(grade, "0.0200");
-        profile.move(12150, 3700);
-        EXPECT_EQ(profile.text("mousegrade"), grade);
+        const double mark = profile.course().marks.kmX[1];
+        EXPECT_GT(mark, 0);
+        profile.enterPoint("500.001", "300");
+        EXPECT_EQ(profile.said(),
+                  (std::vector<std::string>{
+                      "Distance over 500 km (311 miles)!  Check your units as well as the entered number."}));
+        EXPECT_THAT(profile.xs(), ElementsAre(0, 5000));
+        EXPECT_EQ(profile.course().marks.kmX[1], mark);
+        EXPECT_EQ(profile.course().distanceValid, 1);
+        profile.enterPoint("500", "300");   // not beyond, and a first point is not checked
+        EXPECT_THAT(profile.xs(), ElementsAre(0, 500000, 5000));
     }
 
-    TEST(Mouse, BeforeASolveFaultsAndKeepsThePaces)
-    {
-        PlanningProgram program("profile");
-        program.state().curve = {};
-        program.open();
-        const auto moved = program.get<Picture>("p1").moved;
-        enter(program.program, "profile.p1", true, [&] { moved({6150, 3100}); });
-        EXPECT_EQ(program.outside.faults.size(), 2U);
-        EXPECT_TRUE(program.outside.faults.back().keystroke);
-        EXPECT_EQ(program.text("Text7"), "");
-    }
-
-    TEST(TooSteep, StoresThePointAndFaultsUntilClear)
+    // Second computation of the first pass: 199460.68 m along the slopes of 39.88 and -39.88, 199351.46 s on the flat;
+    // uphill the search passes below 0 and ends at -10.24 m/s, so that the first round's sum is -20769.6 s.
+    TEST(TooSteep, ShowsTheFirstPassAndFaultsUntilClear)
     {
         OpenProfile profile;
         profile.enterPoint("2.5", "99999");
         EXPECT_EQ(profile.outside.faults.size(), 1U);
         EXPECT_EQ(profile.course().pointCount, 3);
         EXPECT_EQ(profile.course().marks.kmX[1], 0);
+        EXPECT_EQ(profile.text("Text3"), "199460.7");
+        EXPECT_EQ(profile.text("Text4"), " 55:22:31  ");
+        EXPECT_EQ(profile.text("Text5"), "       0.0");
+        EXPECT_EQ(profile.text("Text6"), "   21:41  ") << "of the solve before";
         profile.choose("scur");
+        EXPECT_EQ(profile.outside.faults.size(), 2U);
+        profile.choose("cdots");
+        EXPECT_EQ(profile.outside.faults.size(), 3U);
+        EXPECT_EQ(profile.course().marks.kmX[1], 0);
         profile.click("Command3");
+        EXPECT_EQ(profile.outside.faults.size(), 3U);
         EXPECT_EQ(profile.course().pointCount, 2);
         EXPECT_EQ(profile.text("Text5"), "   21:41  ");
+    }
+
+    /// A course whose last descent is worth less than nothing to a runner of almost no power: the last of all efforts
+    /// is that of a speed below 0.
+    struct SlowProfile : OpenProfile
+    {
+        SlowProfile()
+        {
+            type("startel", "300");
+            type("endel", "250");
+            state().curve.anaerobicEnergy = 1e-6;
+            state().curve.aerobicPower = 140.02;
+        }
+        void pressMiddle() { press(6150, 3700); }   // 2500 m, 300 m
+    };
+
+    constexpr const char* tooSlow = "Speed to slow for reliable calculations";
+
+    TEST(Slowness, IsToldAfterAPressThatStoresAPoint)
+    {
+        SlowProfile profile;
+        profile.pressMiddle();
+        EXPECT_EQ(profile.said(), (std::vector<std::string>{tooSlow}));
+        EXPECT_EQ(profile.state().incline.zeroPowerFlag, 1);
+        EXPECT_THAT(profile.xs(), ElementsAre(0, 2500, 5000));
+        EXPECT_THAT(profile.outside.faults, IsEmpty());
+        profile.pressMiddle();
+        EXPECT_EQ(profile.said(), (std::vector<std::string>{"Must enter x-value not yet used"}))
+            << "no point was stored";
+        EXPECT_EQ(profile.state().incline.zeroPowerFlag, 1);
+    }
+
+    TEST(Slowness, IsNotToldWithoutUpdate)
+    {
+        SlowProfile profile;
+        profile.pressMiddle();
+        profile.outside.forget();
+        profile.tick("update", false);
+        profile.press(3150, 3700);
+        EXPECT_EQ(profile.course().pointCount, 4);
+        EXPECT_EQ(profile.state().incline.zeroPowerFlag, 1) << "left from before";
+        EXPECT_THAT(profile.outside.events, IsEmpty());
+    }
+
+    TEST(Slowness, IsNotToldOfATypedPointNorOfAnotherRedraw)
+    {
+        SlowProfile profile;
+        profile.enterPoint("2.5", "300");
+        EXPECT_EQ(profile.course().pointCount, 3);
+        EXPECT_EQ(profile.state().incline.zeroPowerFlag, 1);
+        profile.tick("update", false);
+        profile.tick("update", true);
+        EXPECT_EQ(profile.state().incline.zeroPowerFlag, 1);
+        EXPECT_THAT(profile.outside.events, IsEmpty());
+    }
+
+    TEST(Slowness, IsNotToldOfAFastRunner)
+    {
+        OpenProfile profile;
+        profile.press(6150, 3700);
+        EXPECT_EQ(profile.state().incline.zeroPowerFlag, 0);
+        EXPECT_THAT(profile.outside.events, IsEmpty());
     }
 
     TEST(Elevations, AreComparedAsTexts)
@@ -245,6 +276,51 @@ namespace
         EXPECT_THAT(profile.drawn(classic::lightRed), IsEmpty());
     }
 
+    TEST(Elevations, ThatWereRefusedAreComparedAllTheSame)
+    {
+        OpenProfile profile;
+        profile.type("minel", "9");
+        profile.outside.forget();
+        profile.type("maxel", "7");   // above 350 and 250 as a text, and below 9
+        EXPECT_EQ(profile.said(),
+                  (std::vector<std::string>{"Max elevation shown on graph must be greater than min elevation."}));
+        EXPECT_EQ(profile.course().maxElev, 600);
+        EXPECT_EQ(profile.text("maxel"), "7");
+
+        OpenProfile other;
+        other.type("maxel", "1000");
+        other.outside.forget();
+        other.type("minel", "2");   // below 350 and 250 as a text, and above 1000
+        EXPECT_EQ(other.said(),
+                  (std::vector<std::string>{"Min elevation shown on graph must be less than max elevation."}));
+        EXPECT_EQ(other.course().minElev, 100);
+        EXPECT_EQ(other.text("minel"), "2");
+    }
+
+    TEST(Elevations, ThatWereRefusedAreTakenByUnitAndClearWithoutATest)
+    {
+        OpenProfile profile;
+        profile.type("minel", "9");
+        profile.outside.forget();
+        profile.choose("elft");
+        EXPECT_TRUE(closeTo(profile.course().minElev, 9 / 3.281));
+        profile.type("startel", "1000");   // below 9 as a text
+        EXPECT_EQ(profile.said().size(), 1U);
+        EXPECT_TRUE(closeTo(profile.course().startElev, 250 / 3.281));
+        profile.choose("elm");
+        EXPECT_EQ(profile.course().minElev, 9);
+        EXPECT_EQ(profile.course().startElev, 1000);
+
+        OpenProfile other;
+        other.type("minel", "9");
+        EXPECT_EQ(other.course().minElev, 100);
+        other.outside.forget();
+        other.click("Command3");
+        EXPECT_EQ(other.course().minElev, 9);
+        EXPECT_TRUE(closeTo(other.course().yScale, (600 - 9) / 6000.0));
+        EXPECT_THAT(other.outside.events, IsEmpty());
+    }
+
     TEST(Units, ReadTheNumbersAnew)
     {
         OpenProfile profile;
@@ -276,6 +352,36 @@ namespace
         EXPECT_EQ(profile.text("Text5"), "   21:41  ");
     }
 
+    // Second computation at 310 m: evenTime 1300.539595 over the points' 5000 m; the pacing goes on to 6000 m, on the
+    // last slope, and takes 1557.349452 s.
+    TEST(Distance, ChangedUnderPointsCountsFromTheNextRedrawOn)
+    {
+        OpenProfile profile;
+        profile.enterPoint("2.5", "300");
+        profile.type("Text1", "6");
+        EXPECT_EQ(profile.said(),
+                  (std::vector<std::string>{
+                      "Cannot change distance after entering mouse clicks.  Please Clear and try again."}));
+        EXPECT_EQ(profile.text("Text2"), "6000");
+        const auto finish = [&profile] {
+            return std::get<LinePrimitive>(profile.drawn(classic::lightRed).back().shape).to.x;
+        };
+        EXPECT_NEAR(finish(), 12150, 1e-9) << "nothing is drawn at once";
+        EXPECT_EQ(profile.text("Text6"), "   21:41  ");
+        profile.slide("origel", 310);
+        EXPECT_NEAR(finish(), 150 + 5000 / 0.5, 1e-9);
+        EXPECT_THAT(profile.xs(), ElementsAre(0, 2500, 5000));
+        EXPECT_TRUE(closeTo(profile.course().evenTime, 1300.5395945748178));
+        EXPECT_TRUE(closeTo(profile.course().timeAt[100], 1557.3494523556183));
+        EXPECT_TRUE(closeTo(profile.course().distAt[100], 6001.199880023984));
+        EXPECT_TRUE(closeTo(profile.course().marks.kmX[6], 5998.8003598800515));
+        EXPECT_EQ(profile.text("Text3"), " 5001.0");
+        EXPECT_EQ(profile.text("Text4"), "   20:00  ");
+        EXPECT_EQ(profile.text("Text5"), "   21:41  ");
+        EXPECT_EQ(profile.text("Text6"), "   25:57  ");
+        EXPECT_THAT(profile.outside.events, IsEmpty());
+    }
+
     TEST(Multiplier, RescalesTheTimesWithoutASolve)
     {
         OpenProfile profile;
@@ -289,16 +395,22 @@ namespace
         EXPECT_TRUE(closeTo(profile.course().flatTime, 1200.2608947941644));
     }
 
-    TEST(Update, OffLeavesTheTimesOfTheLatestSolve)
+    // Second computation of the hills: strategicTime 1344.46, and 1338.72 s of the hundred steps.
+    TEST(Multiplier, ShowsTheStrategicTimeAndASolveTheSumOfTheSteps)
     {
         OpenProfile profile;
+        profile.enterHills();
+        EXPECT_EQ(profile.text("Text5"), "   22:30  ");   // 1350.43
+        EXPECT_EQ(profile.text("Text6"), "   22:19  ");
+        profile.slide("perfmult", 1100);
+        EXPECT_EQ(profile.text("Text6"), "   20:22  ");   // 1344.46 / 1.1 = 1222.2
         profile.tick("update", false);
-        profile.type("Text1", "10");
-        EXPECT_EQ(profile.text("Text2"), "10000");
-        EXPECT_EQ(profile.text("Text5"), "   21:41  ");
-        EXPECT_EQ(profile.text("Text3"), " 5001.0");
         profile.tick("update", true);
-        EXPECT_EQ(profile.text("Text3"), "10000.5");
+        EXPECT_EQ(profile.text("Text4"), "   18:12  ");   // 1201.66 / 1.1 = 1092.4
+        EXPECT_EQ(profile.text("Text5"), "   20:28  ");   // 1350.4313 / 1.1 = 1227.7
+        EXPECT_EQ(profile.text("Text6"), "   20:17  ");   // 1338.7168 / 1.1 = 1217.0
+        EXPECT_TRUE(closeTo(profile.course().strategicTime, 1344.4610656327488));
+        EXPECT_TRUE(closeTo(profile.course().timeAt[100], 1338.716827852355));
     }
 
     TEST(SmoothCurve, IsDrawnInAHundredChords)
@@ -311,215 +423,6 @@ namespace
         EXPECT_THAT(profile.drawn(classic::lightBlue), IsEmpty());
     }
 
-    TEST(ShowSplits, MarksMilesOrKilometersInTurnHigherAndLower)
-    {
-        OpenProfile profile;
-        profile.choose("minpkm");
-        profile.click("Command6");
-        const std::vector<Primitive> lines = profile.drawn(classic::green);
-        const std::vector<Primitive> texts = profile.drawn(classic::black);
-        ASSERT_EQ(lines.size(), 5U);
-        ASSERT_EQ(texts.size(), 10U);
-        const double x = 150 + profile.course().marks.kmX[1] * 12 / 5;
-        const auto& first = std::get<LinePrimitive>(lines[0].shape);
-        EXPECT_TRUE(closeTo(first.from.x, x));
-        EXPECT_EQ(first.from.y, 6100);
-        EXPECT_EQ(first.to.y, 1000);
-        EXPECT_EQ(std::get<LinePrimitive>(lines[1].shape).to.y, 600);
-        const auto& time = std::get<TextPrimitive>(texts[2].shape);
-        EXPECT_EQ(time.at.y, 200);
-        EXPECT_EQ(time.text, formatTime(profile.course().marks.kmTime[2]));
-        const auto& split = std::get<TextPrimitive>(texts[3].shape);
-        EXPECT_EQ(split.at.y, 400);
-        EXPECT_TRUE(closeTo(split.at.x, 150 + profile.course().marks.kmX[2] * 12 / 5 - 350));
-        profile.tick("update", false);
-        profile.tick("update", true);
-        EXPECT_THAT(profile.drawn(classic::green), IsEmpty()) << "wiped at the next redraw";
-        profile.choose("minpmi");
-        profile.click("Command6");
-        EXPECT_EQ(profile.drawn(classic::green).size(), 3U);
-    }
-
-    TEST(Files, ComeBackWithTheirPoints)
-    {
-        OpenProfile profile;
-        profile.enterPoint("2.5", "300.25");
-        profile.enterPoint("4", "310");
-        profile.choose("minpkm");
-        profile.slide("origel", 120);
-        const std::string even = profile.text("Text5");
-        profile.type("savname", "hills");
-        profile.click("Command2");
-        profile.click("Command3");
-        profile.type("Text1", "8");
-        profile.choose("minpmi");
-        profile.slide("origel", 300);
-        profile.type("retname", "hills.cpf");
-        profile.click("Command5");
-        EXPECT_THAT(profile.xs(), ElementsAre(0, 2500, 4000, 5000));
-        EXPECT_EQ(profile.course().pointY[1], 300.25);
-        EXPECT_EQ(profile.text("Text1"), "5");
-        EXPECT_EQ(profile.text("origelm"), "120");
-        EXPECT_TRUE(profile.isOn("minpkm"));
-        EXPECT_EQ(profile.text("Text5"), even);
-        EXPECT_EQ(profile.course().courseLoading, 0);
-        EXPECT_THAT(profile.outside.events, IsEmpty());
-    }
-
-    TEST(Files, OfTwoPointsAreStraightAsStored)
-    {
-        OpenProfile profile;
-        profile.write("two.cpf",
-                      "5\r\n3\r\n600\r\n100\r\n250\r\n350\r\n2\r\n1\r\n9999\r\n2\r\n0\r\n111\r\n4800\r\n222\r\n");
-        profile.type("retname", "two.cpf");
-        profile.click("Command5");
-        EXPECT_THAT(profile.xs(), ElementsAre(0, 4800));
-        EXPECT_EQ(profile.course().pointY[0], 111);
-        EXPECT_EQ(profile.course().pointY[1], 222);
-        EXPECT_EQ(profile.course().origElev, 4500) << "held within its bar";
-        EXPECT_THAT(profile.outside.events, IsEmpty());
-    }
-
-    TEST(Files, ThatAreBadLeaveTheCourse)
-    {
-        OpenProfile profile;
-        profile.enterPoint("2.5", "300");
-        const std::string even = profile.text("Text5");
-        profile.write("bad.cpf", "5\r\n3\r\n600\r\n");
-        for (const char* name : {"bad.cpf", "none.cpf", "."})
-        {
-            profile.type("retname", name);
-            profile.click("Command5");
-        }
-        const std::vector<std::string> said = profile.said();
-        ASSERT_EQ(said.size(), 3U);
-        EXPECT_EQ(said[0], "The course can't be read: the file breaks off (line 3).");
-        EXPECT_THAT(said[1], HasSubstr("can't be opened"));
-        EXPECT_THAT(said[2], HasSubstr("can't be opened"));
-        EXPECT_THAT(profile.xs(), ElementsAre(0, 2500, 5000));
-        EXPECT_EQ(profile.text("Text5"), even);
-        EXPECT_EQ(profile.course().courseLoading, 0);
-    }
-
-    TEST(Files, LeaveLoadingOnWithoutANameOrWithoutUpdate)
-    {
-        OpenProfile profile;
-        profile.enterPoint("2.5", "300");
-        profile.click("Command2");
-        profile.click("Command5");
-        EXPECT_EQ(profile.said(), (std::vector<std::string>{"Choose or enter a file name to retrieve."}));
-        EXPECT_EQ(profile.course().courseLoading, 1);
-        profile.type("Text1", "6");
-        EXPECT_THAT(profile.outside.events, IsEmpty()) << "distance can be changed with points present";
-        profile.type("retname", ".cpf");
-        profile.tick("update", false);
-        profile.click("Command5");
-        EXPECT_EQ(profile.course().courseLoading, 1);
-        profile.tick("update", true);
-        profile.click("Command5");
-        EXPECT_EQ(profile.course().courseLoading, 0);
-    }
-
-    TEST(Files, ThatCannotBeWrittenSaySo)
-    {
-        OpenProfile profile;
-        profile.type("savname", "no/such/folder");
-        profile.click("Command2");
-        EXPECT_THAT(profile.said(), ElementsAre(HasSubstr("could not be saved")));
-        profile.type("maxel", "zzz");
-        profile.type("savname", "odd");
-        profile.outside.forget();
-        profile.click("Command2");
-        EXPECT_THAT(profile.said(), ElementsAre(HasSubstr("\"zzz\" is no elevation")));
-    }
-
-    TEST(Files, AreListedWhenTheFormOpens)
-    {
-        OpenProfile profile;
-        profile.write("b.cpf", "");
-        profile.write("A.CPF.bak", "");
-        profile.write("c.txt", "");
-        std::filesystem::create_directory(profile.folder.path / "d.cpf");
-        EXPECT_THAT(profile.get<ListBox>("cpflist").items, IsEmpty());
-        profile.click("Command1");
-        profile.open();
-        EXPECT_THAT(profile.get<ListBox>("cpflist").items, ElementsAre("A.CPF.bak", "b.cpf"));
-        ListBox& list = profile.get<ListBox>("cpflist");
-        enter(profile.program, "profile.cpflist", false, [&] { select(list, 1); });
-        EXPECT_EQ(profile.text("retname"), "b.cpf");
-    }
-
-    TEST(Reopened, KeepsCourseAndEntriesAndForgetsTheRest)
-    {
-        OpenProfile profile;
-        profile.enterPoint("2.5", "300");
-        profile.choose("scur");
-        profile.slide("perfmult", 950);
-        profile.slide("origel", 500);
-        profile.choose("minpkm");
-        profile.click("Command1");
-        EXPECT_FALSE(profile.isOpen());
-        EXPECT_EQ(profile.course().courseSaved, 1);
-        profile.open();
-        EXPECT_THAT(profile.xs(), ElementsAre(0, 2500, 5000));
-        EXPECT_TRUE(profile.isOn("cdots"));
-        EXPECT_EQ(profile.course().scur, 0);
-        EXPECT_EQ(profile.text("perfmulttx"), "100.0");
-        EXPECT_EQ(profile.course().perfScale, 1);
-        EXPECT_EQ(profile.text("origelm"), "500");
-        EXPECT_EQ(profile.course().origElev, 500);
-        EXPECT_TRUE(profile.isOn("minpkm"));
-        EXPECT_EQ(profile.course().courseLoading, 0);
-        EXPECT_THAT(profile.outside.events, IsEmpty());
-    }
-
-    std::string gpxHill()
-    {
-        std::string bytes = "<gpx><trk><trkseg>";
-        for (int i = 0; i <= 500; ++i)   // 500 steps of 11.12 m up a slope of 0.02
-            bytes += "<trkpt lat=\"" + std::to_string(0.0001 * i) + "\" lon=\"0\"><ele>" +
-                     std::to_string(100 + 0.2224 * i) + "</ele></trkpt>";
-        return bytes + "</trkseg></trk></gpx>";
-    }
-
-    TEST(Import, MakesACourseOfATrack)
-    {
-        OpenProfile profile;
-        profile.write("hill.gpx", gpxHill());
-        profile.outside.files = {(profile.folder.path / "hill.gpx").string()};
-        profile.click("importtrack");
-        EXPECT_EQ(profile.text("Text1"), "5.56");   // 0.05 degrees of 111195.08 m: 5559.75
-        EXPECT_EQ(profile.text("startel"), "100");
-        EXPECT_EQ(profile.text("endel"), "211.2");
-        EXPECT_EQ(profile.text("maxel"), "250");
-        EXPECT_EQ(profile.text("minel"), "50");
-        EXPECT_THAT(profile.xs(), ElementsAre(0, 5560));
-        EXPECT_EQ(profile.text("risetx"), "111");
-        EXPECT_EQ(profile.label("importnote"),
-                  "501 points recorded, climb 111 m; smoothed over 100 m on either side, climb 111 m; 2 points kept, "
-                  "largest elevation error 0.0 m");
-        EXPECT_THAT(profile.outside.events, ElementsAre("choose: Import course"));
-        EXPECT_EQ(profile.course().courseLoading, 0);
-    }
-
-    TEST(Import, OfAnythingElseLeavesTheCourse)
-    {
-        OpenProfile profile;
-        profile.enterPoint("2.5", "300");
-        profile.write("a.gpx", "<gpx><trk><trkseg><trkpt lat=\"1\" lon=\"1\"/></trkseg></trk></gpx>");
-        profile.write("b.gpx", "<gpx");
-        for (const char* name : {"a.gpx", "b.gpx", "c.gpx"})
-            profile.outside.files.push_back((profile.folder.path / name).string());
-        for (int i = 0; i < 4; ++i)
-            profile.click("importtrack");
-        const std::vector<std::string> said = profile.said();
-        ASSERT_EQ(said.size(), 3U) << "none for no file";
-        EXPECT_EQ(said[0], "The file has no elevations along its way.");
-        EXPECT_THAT(said[1], HasSubstr("no XML"));
-        EXPECT_THAT(said[2], HasSubstr("can't be opened"));
-        EXPECT_THAT(profile.xs(), ElementsAre(0, 2500, 5000));
-    }
-
     TEST(Working, ComesWhileASolveBlocksAndGoes)
     {
         OpenProfile profile;
@@ -528,7 +431,10 @@ namespace
         profile.state().goOn = [&asked] { return ++asked > 0; };
         EXPECT_EQ(findForm(profile.program, "working"), nullptr);
         bool wasOpenAtOnce = true;
+        int shown = 0;
         profile.get<TextBox>("Text5").shown = [&] {
+            if (++shown > 1)
+                return;
             (void)profile.state().goOn();   // as a search does
             wasOpenAtOnce = findForm(profile.program, "working") != nullptr;
             std::this_thread::sleep_for(std::chrono::milliseconds(310));
@@ -552,31 +458,5 @@ namespace
         };
         profile.slide("origel", 1000);
         EXPECT_EQ(faults, 1);
-    }
-
-    TEST(Tables, HoldSplitsOfBothUnits)
-    {
-        OpenProfile profile;
-        const TextTable table = findForm(profile.program, "profile")->table();
-        ASSERT_EQ(table.rows.size(), 1U + 5 + 1 + 1 + 4);
-        EXPECT_THAT(table.rows[0], ElementsAre("Kilometer", "Meters into course", "Elevation (m)", "Time", "Split",
-                                               "min/mi", "min/km", "Grade (%)"));
-        // even pace on an even slope: 1300.667 s over 5001 m
-        EXPECT_THAT(table.rows[1], ElementsAre("1", "1000", "270", "4:20", "4:20", "6:58", "4:20", "2.0"));
-        EXPECT_EQ(table.rows[5][0], "5.001");
-        EXPECT_EQ(table.rows[5][3], "21:41");
-        EXPECT_THAT(table.rows[6], IsEmpty());
-        EXPECT_EQ(table.rows[7][0], "Mile");
-        EXPECT_EQ(table.rows[11][0], "3.107");
-    }
-
-    TEST(Tables, AreEmptyBeforeASolve)
-    {
-        PlanningProgram program("profile");
-        program.state().curve = {};
-        program.open();
-        EXPECT_TRUE(findForm(program.program, "profile")->table().rows.empty());
-        program.click("paceband");
-        EXPECT_EQ(program.outside.messages.back().text, "There are no splits: the course has not been worked out yet.");
     }
 }
