@@ -196,8 +196,16 @@ namespace
     {
         ModelState state = runnerBefore({{0, 1}, {0, 2}, {10, 3}});
         fitCourseCurve(state.course);
-        // all three determinants by 1e-8: of a 10 * (1 - 2) = -10 ..., as the rule has it
-        EXPECT_GT(std::abs(state.course.curveB[0]), 1e8);
+        // over rows (0, 0, 1), (0, 0, 1), (100, 10, 1) and y = 1, 2, 3 the determinants are
+        //   a: 1 * (0 - 10) + 1 * (2 * 10 - 0) = 10;  b: 100 * (1 * 1 - 1 * 2) = -100;  c: 0, as two columns have 0 0
+        EXPECT_TRUE(closeTo(state.course.curveA[0], 1e9));
+        EXPECT_TRUE(closeTo(state.course.curveB[0], -1e10));
+        EXPECT_EQ(state.course.curveC[0], 0);
+        EXPECT_TRUE(closeTo(courseElevationAt(state.course, 5), 25e9 - 50e9));
+        EXPECT_EQ(courseElevationAt(state.course, 0), 0);
+        EXPECT_EQ(courseElevationAt(state.course, 10), 0);
+        EXPECT_TRUE(closeTo(courseGradeAt(state.course, 10), 1e10));
+        EXPECT_EQ(courseGradeAt(state.course, 5), 0);
     }
 
     TEST(Curve, NeedsThreePoints)

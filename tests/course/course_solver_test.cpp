@@ -10,8 +10,10 @@
 
 #include "course/course_curve.h"
 #include "course/course_reading.h"
+#include "course/course_splits.h"
 #include "model/arithmetic.h"
 #include "model/race_time.h"
+#include "model/units.h"
 #include "solved_course.h"
 #include "support/case_name.h"
 #include "support/close_to.h"
@@ -150,6 +152,8 @@ namespace
                              testing::Values(AltitudeCase{"same_elevation", 4, 1200, 0, 4},
                                              AltitudeCase{"up_1000_m", 4, 1200, 1000, 3.906901755314873},
                                              AltitudeCase{"up_in_a_sprint", 8, 20, 2000, 8.019755033760012},
+                                             // 2 - 0.5 / 75 = 1.99333: about half of the share 0.23323
+                                             AltitudeCase{"up_in_half_a_second", 7, 0.5, 2000, 7.030780557117303},
                                              AltitudeCase{"down_1000_m", 4, 3600, -1000, 4.097333920720102},
                                              AltitudeCase{"very_high", 3, 7200, 4000, 2.490842808376938},
                                              AltitudeCase{"walking", 1, 100000, 500, 0.9885642539829712}),
@@ -332,9 +336,18 @@ namespace
         PointList points;
         for (int i = 0; i < count; ++i)
             points.emplace_back(length * i / (count - 1), 300 + *rc::gen::inRange(-20, 21) * length / count / 1000.0);
-        const ModelState state = solved(points, *rc::gen::arbitrary<bool>());
+        ModelState state = runnerBefore(points, *rc::gen::arbitrary<bool>());
+        state.course.perfScale = 1000.0 / *rc::gen::inRange(900, 1101);
+        solveAndSplit(state, {});
         const Course& course = state.course;
         RC_ASSERT(std::isfinite(course.evenTime) && std::isfinite(course.strategicTime));
+        for (const double unit : {metresPerMile, metresPerKilometre})
+        {
+            double sum = 0;
+            for (const CourseSplit& split : courseSplits(course, unit))
+                sum += split.split;
+            RC_ASSERT(closeTo(sum, course.perfScale * course.timeAt[courseSteps]));
+        }
         RC_ASSERT(course.timeAt[0] == 0);
         for (std::size_t k = 1; k <= courseSteps; ++k)
         {

@@ -1,14 +1,15 @@
 #include "course/recorded_course.h"
 
 #include <cmath>
+#include <optional>
 #include <random>
 #include <string>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "course/course_splits.h"
-#include "model/units.h"
+#include "course/course_profile.h"
+#include "course/track_points_form.h"
 #include "solved_course.h"
 #include "support/close_to.h"
 
@@ -41,7 +42,6 @@ namespace
             ASSERT_TRUE(course) << said.front().text;
             EXPECT_GT(course->recordedRise, 1000) << "noise counts as climb";
             EXPECT_NEAR(course->rise, 120, 24);
-            ModelState state = runnerBefore({{0, 0}, {1, 0}});
             PointList points;
             for (std::size_t i = 0; i < course->pointX.size(); ++i)
                 points.emplace_back(course->pointX[i], course->pointY[i]);
@@ -154,48 +154,80 @@ namespace
         EXPECT_EQ(entries.minElev, "250");
     }
 
-    TEST(Splits, AreTheMarksAndTheFinish)
+    void expectWithinBounds(CourseUnit unit, const char* text)
     {
-        const ModelState state = solved({{0, 200}, {3000, 280}, {10500, 220}});
-        const std::vector<CourseSplit> splits = courseSplits(state.course, metresPerKilometre);
-        ASSERT_EQ(splits.size(), 11U);
-        double sum = 0;
-        for (std::size_t j = 0; j < 10; ++j)
-        {
-            EXPECT_TRUE(closeTo(splits[j].place, state.course.marks.kmX[static_cast<int>(j) + 1], 1e-6)) << j;
-            EXPECT_TRUE(closeTo(splits[j].time, state.course.marks.kmTime[static_cast<int>(j) + 1], 1e-6)) << j;
-            EXPECT_TRUE(closeTo(splits[j].perKilometer, splits[j].split)) << j;
-            EXPECT_TRUE(closeTo(splits[j].perMile, splits[j].split * 1.609344)) << j;
-            sum += splits[j].split;
-        }
-        EXPECT_TRUE(closeTo(sum + splits[10].split, state.course.timeAt[100]));
-        EXPECT_TRUE(closeTo(splits[10].time, state.course.timeAt[100]));
-        EXPECT_TRUE(closeTo(splits[10].number, state.course.distAt[100] / 1000));
-        EXPECT_NEAR(splits[0].grade, 80 / 3000.0, 1e-9);
-        EXPECT_NEAR(splits[10].elevation, 220, 1e-9);
+        RecordedCourse course;
+        course.pointX = {0, 250000, 499999.95};
+        course.pointY = {100, 200, 150};
+        CourseEntries before;
+        before.unit = unit;
+        const CourseEntries entries = entriesOf(course, before);
+        EXPECT_EQ(entries.distance, text);
+        ModelState state;
+        Messages said;
+        EXPECT_TRUE(readCourseDistance(state, entries, said)) << said.front().text;
+        EXPECT_EQ(state.course.courseDist, course.pointX.back());
+        EXPECT_LE(state.course.courseDist, longestCourse);
+        EXPECT_NEAR(state.course.courseDist, 499999.95, 1);
     }
 
-    TEST(Splits, GoOnBehindTheFiftiethAndTakeTheMultiplier)
+    TEST(RecordedEntries, AreNotRoundedBeyondTheLongestCourse)
     {
-        ModelState state = solved({{0, 200}, {60000, 200}});
-        const double time = courseSplits(state.course, metresPerKilometre).back().time;
-        EXPECT_EQ(courseSplits(state.course, metresPerKilometre).size(), 60U);
-        state.course.perfScale = 1.1;
-        EXPECT_TRUE(closeTo(courseSplits(state.course, metresPerKilometre).back().time, 1.1 * time));
-        EXPECT_TRUE(courseSplits(runnerBefore({{0, 200}, {60000, 200}}).course, 1000).empty());
+        expectWithinBounds(CourseUnit::miles, "310.6855");   // ...6 would be 500000.006 m
+        expectWithinBounds(CourseUnit::yards, "546806");     // ...7 would be 500000.321 m
+        expectWithinBounds(CourseUnit::kilometers, "500");
+        expectWithinBounds(CourseUnit::meters, "500000");
     }
 
-    TEST(PaceBand, HasALineASplit)
+    // Beyond 100 km the places are a 20,000th of the way apart, here 6 m. Of a peak between two slopes of 0.01 the
+    // window of 16 places on either side, weighted 17 - j, takes 6 * 0.01 * 96 / 17 m: sum of j * (17 - j) is 816 on
+    // either side, over weights of 289 together.
+    TEST(Recording, OfAnUltraHasCoarserPlaces)
     {
-        const ModelState state = solved({{0, 300}, {5000, 300}});
-        // 1200.016 s at even pace: 240.003 s a kilometer, 386.245 s a mile, 41.25 s for the rest of 171.968 m
-        EXPECT_THAT(paceBand(state.course, false),
-                    testing::ElementsAre("    km      time   split", "     1      4:00    4:00",
-                                         "     2      8:00    4:00", "     3     12:00    4:00",
-                                         "     4     16:00    4:00", "     5     20:00    4:00"));
-        EXPECT_THAT(paceBand(state.course, true),
-                    testing::ElementsAre("  mile      time   split", "     1      6:26    6:26",
-                                         "     2     12:52    6:26", "     3     19:19    6:26",
-                                         "  3.11     20:00    41.3"));
+        Messages said;
+        const auto course = courseOfRecording({{0, 100}, {60000, 700}, {120000, 100}}, usualSmoothing, said);
+        ASSERT_TRUE(course);
+        ASSERT_EQ(course->pointX.size(), 3U);
+        EXPECT_TRUE(closeTo(course->pointX[1], 60000));
+        EXPECT_TRUE(closeTo(course->pointX[2], 120000));
+        EXPECT_TRUE(closeTo(course->pointY[1], 700 - 6 * 0.01 * 96 / 17));
+        EXPECT_TRUE(closeTo(course->rise, 600 - 6 * 0.01 * 96 / 17));
+        EXPECT_TRUE(closeTo(course->drop, course->rise));
+    }
+
+    std::optional<RecordedCourse> courseOfFile(const std::string& bytes)
+    {
+        Messages said;
+        const std::optional<Track> track = readTrack(bytes, said);
+        EXPECT_TRUE(track) << said.front().text;
+        return track ? courseOfRecording(recordedPoints(*track), 0, said) : std::nullopt;
+    }
+
+    // A watch counts the way itself; its places on the ground are not needed, and points without an elevation are
+    // bridged.
+    TEST(Recording, OfATrainingFileIsACourse)
+    {
+        const auto trackpoint = [](const std::string& metres, const std::string& elevation) {
+            return "<Trackpoint><DistanceMeters>" + metres + "</DistanceMeters>" +
+                   (elevation.empty() ? "" : "<AltitudeMeters>" + elevation + "</AltitudeMeters>") + "</Trackpoint>";
+        };
+        const auto course =
+            courseOfFile("<TrainingCenterDatabase><Activities><Activity><Lap><Track>" + trackpoint("0", "400") +
+                         trackpoint("500", "") + trackpoint("1000", "440") + "</Track></Lap><Lap><Track>" +
+                         trackpoint("3000", "420") + "</Track></Lap></Activity></Activities></TrainingCenterDatabase>");
+        ASSERT_TRUE(course);
+        EXPECT_EQ(course->recorded, 3U);
+        EXPECT_THAT(course->pointX, testing::ElementsAre(0, testing::DoubleNear(1000, 1e-9), 3000));
+        EXPECT_THAT(course->pointY, testing::ElementsAre(400, testing::DoubleNear(440, 1e-9), 420));
+        EXPECT_TRUE(closeTo(course->recordedRise, 40));
+    }
+
+    TEST(Recording, TakesAnElevationWithASign)
+    {
+        const auto course = courseOfFile("<gpx><trk><trkseg><trkpt lat=\"0\" lon=\"0\"><ele>+12.5</ele></trkpt>"
+                                         "<trkpt lat=\"0.01\" lon=\"0\"><ele>-2.5</ele></trkpt></trkseg></trk></gpx>");
+        ASSERT_TRUE(course);
+        EXPECT_EQ(course->recorded, 2U);
+        EXPECT_THAT(course->pointY, testing::ElementsAre(12.5, -2.5));
     }
 }
