@@ -2,7 +2,6 @@
 
 #include "console/predict_command.h"
 
-#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -10,13 +9,13 @@
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-#include <sys/wait.h>
 
 #include "console/runner_prediction.h"
 #include "model/text.h"
 #include "prediction/calculate.h"
 #include "prediction/predicted_table.h"
 #include "support/case_name.h"
+#include "support/console_program.h"
 #include "support/scratch_folder.h"
 
 namespace
@@ -527,19 +526,9 @@ namespace
     }
 
 #ifdef VANTELOS_CONSOLE
-    /// Runs the program itself, in the shell's words.
-    Outcome console(const std::string& arguments)
-    {
-        const ScratchFolder folder;
-        const std::string command = "'" VANTELOS_CONSOLE "' " + arguments + " >'" + (folder.path / "out").string() +
-                                    "' 2>'" + (folder.path / "errors").string() + "' </dev/null";
-        const int ended = std::system(command.c_str());
-        return {WEXITSTATUS(ended), readBytes(folder.path / "out"), readBytes(folder.path / "errors")};
-    }
-
     TEST(ConsoleProgram, PredictsWithEveryOption)
     {
-        const Outcome outcome =
+        const ConsoleRun outcome =
             console("predict --race '5000 m 20:00' --race='10 km 43:00' --age 40 --sex f --miles 30 "
                     "--name 'Jo Doe' --max-hr 185 --rest-hr 50 "
                     "--kg-weight 60 --cm-height 170 --best-two --english --level 90.5 --age-compare "
@@ -554,10 +543,10 @@ namespace
     TEST(ConsoleProgram, ReportsAndAnalyses)
     {
         const std::string runner = " --race '10 km 40:00' --age 40 --miles 30 --max-hr 185 --rest-hr 50 --limit 5";
-        const Outcome report = console("report" + runner);
+        const ConsoleRun report = console("report" + runner);
         EXPECT_EQ(report.status, 0) << report.errors;
         EXPECT_EQ(linesIn(report.out).size(), 60U);
-        const Outcome analysis = console("analysis --format json" + runner);
+        const ConsoleRun analysis = console("analysis --format json" + runner);
         EXPECT_EQ(analysis.status, 0) << analysis.errors;
         EXPECT_EQ(json::parse(analysis.out)["lines"].size(), 22U);
         EXPECT_EQ(console("report --format csv" + runner).status, 2);
@@ -581,7 +570,7 @@ namespace
                                   "predict --race", "predict --age 40 --age 41", "predict --format xml",
                                   "predict --limit 0", "predict --limit soon", "predict --race '10 km'"})
         {
-            const Outcome outcome = console(wrong);
+            const ConsoleRun outcome = console(wrong);
             EXPECT_EQ(outcome.status, 2) << wrong;
             EXPECT_EQ(outcome.out, "") << wrong;
             EXPECT_NE(outcome.errors, "") << wrong;
