@@ -34,7 +34,7 @@ namespace
     {
         const std::string word = line.word("a word");
         touched.words.insert(word);
-        if (word == "set" || word == "drag" || word == "click" || word == "move")
+        if (word == "set" || word == "drag" || word == "click" || word == "press" || word == "move")
             touched.used.insert(word + " " + withoutRow(line.word("a control")));
         else if (word == "get")
             touched.got.insert(line.word("a name"));
@@ -102,7 +102,7 @@ namespace
         }
     }
 
-    TEST(EveryScriptTogether, MovesTheMouseOverEveryPictureThatTakesIt)
+    TEST(EveryScriptTogether, MovesAndPressesTheMouseOnEveryPictureThatTakesIt)
     {
         const Touched touched = touchedByScripts();
         Program program({}, {}, "");
@@ -110,10 +110,11 @@ namespace
         {
             place.build();
             for (const ControlRef& control : place.find()->controls)
-                if (Picture* const* picture = std::get_if<Picture*>(&control); picture && (**picture).moved)
+                if (Picture* const* picture = std::get_if<Picture*>(&control))
                 {
-                    const std::string used = "move " + place.find()->name + "." + (**picture).name;
-                    EXPECT_TRUE(touched.used.contains(used)) << "no script has: " << used;
+                    const std::string name = place.find()->name + "." + (**picture).name;
+                    EXPECT_TRUE(!(**picture).moved || touched.used.contains("move " + name)) << name;
+                    EXPECT_TRUE(!(**picture).pressed || touched.used.contains("press " + name)) << name;
                 }
         }
     }

@@ -9,10 +9,12 @@
 #include "course/course_file.h"
 #include "course/course_profile.h"
 #include "course/course_solver.h"
+#include "course/course_splits.h"
 #include "model/arithmetic.h"
+#include "model/units.h"
 
-// Bytes as a course file: read whole, written and read again as the same, and solved to the end or to a fault; or refused
-// with a reason.
+// Bytes as a course file: read whole, written and read again as the same, and solved and split to the end or to a fault;
+// or refused with a reason.
 
 namespace
 {
@@ -34,6 +36,16 @@ namespace
         check(again->distance.size() == file.distance.size(), "a text was changed");
     }
 
+    void checkSplits(const Course& course)
+    {
+        for (const double unit : {metresPerMile, metresPerKilometre})
+            for (const CourseSplit& split : courseSplits(course, unit))
+                check(std::isfinite(split.place) && std::isfinite(split.elevation) && std::isfinite(split.time) &&
+                          std::isfinite(split.split) && std::isfinite(split.perMile) &&
+                          std::isfinite(split.perKilometer) && std::isfinite(split.grade),
+                      "a split has what is no number");
+    }
+
     void solve(const CourseFile& file)
     {
         ModelState state;
@@ -52,6 +64,7 @@ namespace
             takePoints(file, state.course);
             state.course.scur = entries.feet ? 1 : 0;
             solveAndSplit(state, {});
+            checkSplits(state.course);
         }
         catch (const ArithmeticFault&)
         {
