@@ -158,18 +158,16 @@ namespace
         return roundHalfEven(value * places) / places;
     }
 
-    /// A distance as a person would enter it: to the meter or a finer part of a longer unit.
-    /// A rounded number of units that is a course still.
+    /// A rounded number of units that is no longer than a course may be.
     std::string inUnits(double metres, double unit, double steps)
     {
         const double rounded = roundedTo(metres / unit, steps);
         if (rounded * unit > longestCourse)
             return plainText(rounded - 1 / steps);
-        if (rounded * unit < shortestCourse)
-            return plainText(rounded + 1 / steps);
         return plainText(rounded);
     }
 
+    /// A distance as a person would enter it: to the meter or a finer part of a longer unit.
     std::string distanceText(double metres, CourseUnit unit)
     {
         switch (unit)

@@ -1,5 +1,6 @@
 #include "course/profile_form.h"
 
+#include <ostream>
 #include <string>
 #include <variant>
 #include <vector>
@@ -72,6 +73,8 @@ namespace
         const char* miles;
         const char* metres;
         std::vector<std::string> perMile, perKilometer;
+
+        friend std::ostream& operator<<(std::ostream& out, const Reading& row) { return out << row.name; }
     };
 
     class HillReading : public testing::TestWithParam<Reading>
