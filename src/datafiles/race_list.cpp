@@ -64,7 +64,7 @@ RaceTableRow rowOf(const RaceRecord& record)
     row[1] = static_cast<double>(record.number);
     std::size_t field = 2;
     for (const float number : {record.hours, record.minutes, record.seconds, record.distance})
-        row[field++] = checked(double{number});
+        row[field++] = checked(static_cast<double>(number));
     for (const char flag : record.flags)
         row[field++] = textOfCodePage({&flag, 1});
     row[field] = textOfCodePage({record.comment.data(), record.comment.size()});
