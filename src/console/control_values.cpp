@@ -97,6 +97,33 @@ namespace
         const char* operator()(const Picture*) const { return "picture"; }
     };
 
+    template <class Held>
+    Json heldJson(const Held& held)
+    {
+        return held;
+    }
+
+    /// A cell without anything is null.
+    Json heldJson(const std::vector<RaceTableRow>& rows)
+    {
+        Json json = Json::array();
+        for (const RaceTableRow& row : rows)
+        {
+            Json cells = Json::array();
+            for (const RaceCell& cell : row)
+            {
+                if (const double* number = std::get_if<double>(&cell))
+                    cells.push_back(*number);
+                else if (const std::string* text = std::get_if<std::string>(&cell))
+                    cells.push_back(*text);
+                else
+                    cells.push_back(nullptr);
+            }
+            json.push_back(cells);
+        }
+        return json;
+    }
+
     std::optional<Json> colourProperty(const ControlRef& control)
     {
         if (const auto* label = std::get_if<Label*>(&control))
@@ -154,5 +181,5 @@ Json describe(const ControlRef& control)
 
 Json stateJson(const StateValue& value)
 {
-    return std::visit([](const auto& held) -> Json { return held; }, value);
+    return std::visit([](const auto& held) { return heldJson(held); }, value);
 }

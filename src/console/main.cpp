@@ -10,6 +10,7 @@
 #include "console/heat_command.h"
 #include "console/levels_command.h"
 #include "console/predict_command.h"
+#include "console/races_command.h"
 #include "console/report_command.h"
 
 namespace
@@ -30,6 +31,7 @@ namespace
         addCourse(app, status);
         addHeat(app, status);
         addLevels(app, status);
+        addRaces(app, status);
         try
         {
             app.parse(argc, argv);

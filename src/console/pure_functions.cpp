@@ -9,6 +9,7 @@
 #include "analysis/peak_distance.h"
 #include "course/course_curve.h"
 #include "course/course_solver.h"
+#include "datafiles/race_list.h"
 #include "model/arithmetic.h"
 #include "model/race_time.h"
 #include "model/record_curve.h"
@@ -60,6 +61,15 @@ namespace
         if (width > widest)
             throw CallMistake("a width above " + std::to_string(widest) + " is too large");
         return formatNumber(numberAt(words, 0), width, wholeAt(words, 2));
+    }
+
+    Json callPadText(ModelState&, const Words& words)
+    {
+        constexpr int widest = 1000;
+        const int width = wholeAt(words, 1);
+        if (width > widest)
+            throw CallMistake("a width above " + std::to_string(widest) + " is too large");
+        return padText(words[0], width, wholeAt(words, 2));
     }
 
     Json callNumericEntry(ModelState&, const Words& words)
@@ -339,6 +349,7 @@ const std::vector<PureFunction>& pureFunctions()
         {"formatNumber", "value width decimals", callFormatNumber},
         {"numericEntry", "value", callNumericEntry},
         {"val", "text", callVal},
+        {"padText", "text width leftPad", callPadText},
         {"raceTimeAt", "distance", callRaceTimeAt},
         {"raceTimeAt", "anaerobicEnergy aerobicPower refDistance distance fatigueCoef startDelay", callRaceTimeAt},
         {"finishTime", "distance speed [fatigueCoef startDelay]", callFinishTime},

@@ -18,6 +18,7 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 
+#include "desktop/list_presses.h"
 #include "desktop/paste_filter.h"
 #include "desktop/picture_widget.h"
 #include "desktop/text_surface_widget.h"
@@ -329,8 +330,15 @@ namespace
                 return;
             describe(*list, *widget);
             follow(*list, *widget);
-            on(*list, widget, &QListWidget::itemSelectionChanged, false,
-               [widget](ListBox& record) { select(record, selectedRow(*widget)); });
+            const auto selectShown = [widget](ListBox& record) { select(record, selectedRow(*widget)); };
+            if (list->entered)
+            {
+                widget->setProperty(takesEnter, true);
+                on(*list, widget, &QListWidget::itemActivated, false, selectShown);
+                return;
+            }
+            on(*list, widget, &QListWidget::itemSelectionChanged, false, selectShown);
+            on(*list, new ListPresses(*widget, &lifetime), &ListPresses::pressedAgain, false, selectShown);
         }
 
         void operator()(MenuItem* item)

@@ -11,6 +11,9 @@
 // One piece of code connects the controls of a form with the widgets of the same names, both ways and for all kinds.
 // It alone writes to those widgets, and blocks their signals while it does.
 
+/// Property of a list whose items Enter takes, instead of pressing the form's main button.
+inline constexpr const char* takesEnter = "takesEnter";
+
 /// "Text1(0)" is the widget "Text1_0".
 [[nodiscard]] QString widgetName(const std::string& controlName);
 

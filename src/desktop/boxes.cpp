@@ -57,6 +57,10 @@ QString adviceFor(const FaultReport& fault)
     if (stoppedWhile("rating the time"))
         return QObject::tr("All entries are kept. Check the comparison level, which must be above 0, and the age; then "
                            "press Re-Calculate.");
+    if (stoppedWhile("race file"))
+        return QObject::tr(
+            "What the file held before is still there, and what is listed stays. A race number is 1 to 32767, "
+            "and the list has room for 99 races.");
     if (stoppedWhile("heart rate"))
         return QObject::tr("All entries are kept. Check the heart rates and the age.");
     return QObject::tr("All entries are kept. Check the races: a time or a distance may not be what you meant, or the "

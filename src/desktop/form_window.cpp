@@ -8,6 +8,7 @@
 #include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QFileDialog>
+#include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
@@ -23,11 +24,13 @@
 namespace
 {
     /// For what stands over or under the columns of a table. A heading whose words have to reach its columns tells how
-    /// much wider its blanks are, in pixels.
+    /// much wider the gaps between them are, in pixels, or how wide all of it is, in percent.
     QFont columnFont(const QWidget& widget)
     {
         QFont font = fixedFont();
         font.setWordSpacing(widget.property("wordSpacing").toDouble());
+        if (const int percent = widget.property("stretch").toInt(); percent > 0)
+            font.setStretch(percent);
         return font;
     }
 }
@@ -77,6 +80,13 @@ void FormWindow::pressWithEnter()
         return focused->click();
     if (auto* const picture = qobject_cast<PictureWidget*>(focusWidget()); picture && picture->isButton())
         return picture->press();
+    auto* const list = qobject_cast<QListWidget*>(focusWidget());
+    if (list && list->property(takesEnter).toBool())
+    {
+        if (list->currentItem())
+            emit list->itemActivated(list->currentItem());
+        return;
+    }
     const QList<QPushButton*> buttons = findChildren<QPushButton*>();
     const auto byDefault =
         std::find_if(buttons.begin(), buttons.end(), [](auto* button) { return button->isDefault(); });

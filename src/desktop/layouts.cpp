@@ -5,6 +5,7 @@
 
 #include "ui_anaform.h"
 #include "ui_eqpace.h"
+#include "ui_fileacc.h"
 #include "ui_frmabout.h"
 #include "ui_graphform.h"
 #include "ui_heathum.h"
@@ -44,6 +45,7 @@ namespace
     constexpr std::array layouts{
         NamedLayout{"anaform", layOut<Ui::anaform>},
         NamedLayout{"eqpace", layOut<Ui::eqpace>},
+        NamedLayout{"fileacc", layOut<Ui::fileacc>},
         NamedLayout{"frmabout", layOut<Ui::frmabout>},
         NamedLayout{"graphform", layOut<Ui::graphform>},
         NamedLayout{"heathum", layOut<Ui::heathum>},

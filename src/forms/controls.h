@@ -88,6 +88,7 @@ struct ListBox : Control
     std::vector<std::string> items = {};
     int selected = -1;
     Event clicked = {};
+    bool entered = false;   // Enter or a double click takes an item: the mark may pass over the others without a click
 };
 
 struct MenuItem : Control

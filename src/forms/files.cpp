@@ -30,6 +30,27 @@ namespace
         return std::generic_category().message(errno);
     }
 
+    std::string errorText(int error)
+    {
+        return std::generic_category().message(error);
+    }
+
+    /// Writes bytes at a place. Returns whether all of them could be written.
+    bool writeAt(int file, std::uint64_t offset, std::string_view bytes)
+    {
+        while (!bytes.empty())
+        {
+            const ssize_t written = pwrite(file, bytes.data(), bytes.size(), static_cast<off_t>(offset));
+            if (written < 0 && errno == EINTR)
+                continue;
+            if (written <= 0)
+                return false;
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+            offset += static_cast<std::uint64_t>(written);
+        }
+        return true;
+    }
+
     bool writeAll(int file, std::string_view bytes, mode_t permissions)
     {
         while (!bytes.empty())
@@ -82,5 +103,76 @@ std::optional<std::string> replaceFile(const std::filesystem::path& path, std::s
         failure = lastError();
     if (failure)
         unlink(beside.c_str());
+    return failure;
+}
+
+std::optional<std::string> HeldFile::open(const std::filesystem::path& path)
+{
+    close();
+    constexpr int flags = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;   // what is no file must not keep anybody waiting
+    file = ::open(path.c_str(), O_RDWR | O_CREAT | flags, 0666);
+    writable = file >= 0;
+    const int refused = errno;
+    if (file < 0 && (refused == EACCES || refused == EPERM || refused == EROFS))
+        file = ::open(path.c_str(), O_RDONLY | flags);
+    if (file < 0)
+        return errorText(refused);
+    struct stat about = {};
+    if (fstat(file, &about) == 0 && S_ISREG(about.st_mode))
+        return std::nullopt;
+    close();
+    return "It is no file";
+}
+
+void HeldFile::close()
+{
+    if (file >= 0)
+        ::close(file);
+    file = -1;
+    writable = false;
+}
+
+std::uint64_t HeldFile::size() const
+{
+    struct stat about = {};
+    return file >= 0 && fstat(file, &about) == 0 ? static_cast<std::uint64_t>(about.st_size) : 0;
+}
+
+std::optional<std::string> HeldFile::read(std::uint64_t offset, std::size_t length) const
+{
+    std::string bytes(length, '\0');
+    std::size_t have = 0;
+    while (have < length)
+    {
+        const ssize_t got = pread(file, bytes.data() + have, length - have, static_cast<off_t>(offset + have));
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return std::nullopt;
+        if (got == 0)
+            break;
+        have += static_cast<std::size_t>(got);
+    }
+    bytes.resize(have);
+    return bytes;
+}
+
+std::optional<std::string> HeldFile::write(std::uint64_t offset, std::string_view bytes)
+{
+    struct stat before = {};
+    if (file < 0 || fstat(file, &before) != 0)
+        return errorText(EBADF);
+    if (!writable)
+        return errorText(EACCES);
+    if (before.st_nlink == 0)
+        return errorText(ENOENT);   // somebody has removed it: what is written now would be lost
+    const std::optional<std::string> old = read(offset, bytes.size());
+    if (!old)
+        return lastError();
+    if (writeAt(file, offset, bytes) && fsync(file) == 0)
+        return std::nullopt;
+    const std::string failure = lastError();
+    (void)writeAt(file, offset, *old);
+    (void)!ftruncate(file, before.st_size);
     return failure;
 }

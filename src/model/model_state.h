@@ -7,6 +7,7 @@
 #include "model/course_state.h"
 #include "model/long_loop.h"
 #include "model/one_based.h"
+#include "model/race_file_state.h"
 
 // The one body of state that everything is computed from: the runner, the races, the curve, the results and flags.
 // Metres, seconds, metres per second, kilograms and centimetres throughout.
@@ -219,6 +220,7 @@ struct ModelState
     Course course;
     Heat heat;
     AgeGraph ageGraph;
+    RaceFileState raceFile;
 
     std::string activity;   // what is under way, for the words of a fault: "fitting the race over 5000 m"
     GoOn goOn;              // asked in very long loops

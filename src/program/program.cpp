@@ -2,13 +2,14 @@
 
 #include <algorithm>
 #include <optional>
-#include <system_error>
 #include <utility>
 
 #include "forms/files.h"
+#include "forms/folders.h"
 #include "forms/on_leaving.h"
 #include "program/analysis_forms.h"
 #include "program/course_forms.h"
+#include "program/datafile_forms.h"
 #include "program/help_forms.h"
 #include "program/planning_forms.h"
 #include "program/power_forms.h"
@@ -82,13 +83,6 @@ namespace
         return form && !form->unloaded && program.underWay && place.name != program.atWork;
     }
 
-    /// A folder as it is named from the root, or as it is where the current one is gone.
-    std::filesystem::path fromRoot(const std::filesystem::path& folder)
-    {
-        std::error_code ignored;
-        return (std::filesystem::current_path(ignored) / folder / "").lexically_normal().parent_path();
-    }
-
     /// Writes the settings, as often as the runner asks for. Returns when they are written or given up.
     void saveSettings(Program& program)
     {
@@ -127,6 +121,7 @@ Program::Program(Dialogs dialogs, Printer printer, std::filesystem::path setting
     addWeatherForms(*this);
     addTableForms(*this);
     addHelpForms(*this);
+    addDatafileForms(*this);
 }
 
 void start(Program& program)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <limits>
 
@@ -280,6 +281,35 @@ namespace
                  {}}};
     }
 
+    /// Rows 0 to the last race of the file, as far as the table reaches.
+    std::size_t rowsInUse(const RaceFileState& file)
+    {
+        return static_cast<std::size_t>(std::clamp<double>(std::floor(file.raceCount) + 1, 1, raceTableRows));
+    }
+
+    std::vector<StateName> raceFileNames()
+    {
+        return {{"raceTable",
+                 [](const ModelState& state) -> StateValue {
+                     std::vector<RaceTableRow> rows = state.raceFile.raceTable;
+                     rows.resize(rowsInUse(state.raceFile));
+                     return rows;
+                 },
+                 {}},
+                {"fileRaceCount",   // the calculation has a raceCount of its own
+                 [](const ModelState& state) -> StateValue { return state.raceFile.raceCount; },
+                 {}},
+                {"pickOrder",
+                 [](const ModelState& state) -> StateValue {
+                     const auto begin = state.raceFile.pickOrder.begin();
+                     return std::vector<double>(begin, begin + static_cast<std::ptrdiff_t>(rowsInUse(state.raceFile)));
+                 },
+                 {}},
+                {"nextSlot", [](const ModelState& state) -> StateValue { return state.raceFile.nextSlot; }, {}},
+                {"pickedCount", [](const ModelState& state) -> StateValue { return state.raceFile.pickedCount; }, {}},
+                {"listRow", [](const ModelState& state) -> StateValue { return state.raceFile.listRow; }, {}}};
+    }
+
     std::vector<StateName> tableNames()
     {
         const auto times = [](const ModelState& state) -> StateValue {
@@ -304,7 +334,7 @@ const std::vector<StateName>& stateNames()
         std::vector<StateName> all;
         for (const std::vector<StateName>& some :
              {runnerNames(), raceNames(), curveNames(), resultNames(), flagNames(), tableNames(), slopeNames(),
-              trainingNames(), courseNames(), heatNames(), ageGraphNames()})
+              trainingNames(), courseNames(), heatNames(), ageGraphNames(), raceFileNames()})
             all.insert(all.end(), some.begin(), some.end());
         return all;
     }();

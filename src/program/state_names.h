@@ -11,7 +11,8 @@
 
 // The values of the model state by their names, for scripts and tests.
 
-using StateValue = std::variant<double, int, std::string, std::vector<double>, std::vector<std::vector<double>>>;
+using StateValue = std::variant<double, int, std::string, std::vector<double>, std::vector<std::vector<double>>,
+                                std::vector<RaceTableRow>>;
 
 struct StateName
 {

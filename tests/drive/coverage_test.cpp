@@ -66,7 +66,11 @@ namespace
             return box->locked ? std::vector<std::string>{} : std::vector<std::string>{"set"};
         }
         std::vector<std::string> operator()(const ScrollBar*) const { return {"set", "drag"}; }
-        std::vector<std::string> operator()(const CheckBox*) const { return {"set", "click"}; }
+        std::vector<std::string> operator()(const CheckBox* box) const
+        {
+            // one that is disabled from the beginning is a mark
+            return box->enabled ? std::vector<std::string>{"set", "click"} : std::vector<std::string>{};
+        }
         std::vector<std::string> operator()(const OptionButton*) const { return {"click"}; }
         std::vector<std::string> operator()(const Button*) const { return {"click"}; }
         std::vector<std::string> operator()(const MenuItem* item) const

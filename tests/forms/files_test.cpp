@@ -152,6 +152,73 @@ namespace
         EXPECT_EQ(folder.entryCount(), 1U);
     }
 
+    TEST(HeldFile, IsMadeReadAndWrittenInPlace)
+    {
+        const ScratchFolder folder;
+        HeldFile file;
+        EXPECT_FALSE(file.isOpen());
+        EXPECT_EQ(file.size(), 0U);
+        EXPECT_EQ(file.open(folder.path / "file"), std::nullopt);
+        EXPECT_TRUE(file.isOpen());
+        EXPECT_EQ(file.write(4, "four"), std::nullopt);
+        EXPECT_EQ(file.size(), 8U);
+        EXPECT_EQ(file.write(0, "ab"), std::nullopt);
+        EXPECT_EQ(file.read(0, plenty), std::string("ab\0\0four", 8));
+        EXPECT_EQ(file.read(6, 2), "ur");
+        EXPECT_EQ(file.read(100, 2), "");
+        EXPECT_EQ(readBytes(folder.path / "file"), std::string("ab\0\0four", 8));
+    }
+
+    TEST(HeldFile, KeepsWhatThereIs)
+    {
+        const ScratchFolder folder;
+        writeBytes(folder.path / "file", "old");
+        HeldFile file;
+        EXPECT_EQ(file.open(folder.path / "file"), std::nullopt);
+        EXPECT_EQ(file.read(0, plenty), "old");
+        EXPECT_EQ(file.open(folder.path / "other"), std::nullopt);   // the first is closed
+        EXPECT_EQ(file.read(0, plenty), "");
+        file.close();
+        EXPECT_FALSE(file.isOpen());
+        EXPECT_NE(file.write(0, "x"), std::nullopt);
+        EXPECT_EQ(readBytes(folder.path / "file"), "old");
+    }
+
+    TEST(HeldFile, OpensNothingButFiles)
+    {
+        const ScratchFolder folder;
+        ASSERT_EQ(mkfifo((folder.path / "pipe").c_str(), 0600), 0);
+        HeldFile file;
+        EXPECT_EQ(file.open(folder.path), "Is a directory");
+        EXPECT_EQ(file.open(folder.path / "pipe"), "It is no file");
+        EXPECT_EQ(file.open("/dev/zero"), "It is no file");
+        EXPECT_EQ(file.open(folder.path / "none" / "file"), "No such file or directory");
+        EXPECT_EQ(file.open(""), "No such file or directory");
+        EXPECT_FALSE(file.isOpen());
+    }
+
+    TEST(HeldFile, IsAsItWasAfterAWriteThatFails)
+    {
+        const ScratchFolder folder;
+        writeBytes(folder.path / "file", "0123456789");
+        HeldFile file;
+        ASSERT_EQ(file.open(folder.path / "file"), std::nullopt);
+        {
+            const FileSizeLimit limit(12);
+            EXPECT_EQ(file.write(8, "abcdef"), "File too large");   // four of them fit
+        }
+        EXPECT_EQ(readBytes(folder.path / "file"), "0123456789");
+    }
+
+    TEST(HeldFile, ThatIsGoneTakesNothing)
+    {
+        const ScratchFolder folder;
+        HeldFile file;
+        ASSERT_EQ(file.open(folder.path / "file"), std::nullopt);
+        fs::remove(folder.path / "file");
+        EXPECT_EQ(file.write(0, "x"), "No such file or directory");
+    }
+
     RC_GTEST_PROP(ReplaceFile, IsReadBackByteForByte, (const std::string& bytes))
     {
         static const ScratchFolder folder;

@@ -446,9 +446,9 @@ namespace
     TEST(Opening, AFormThatIsNotThereGetsAMessage)
     {
         MainForm main;
-        main.person.click("datafiles");
+        enter(main.program, "vantstart", false, [&] { openForm(main.program, "nowhere"); });
         ASSERT_EQ(main.outside.messages.size(), 1U);
-        EXPECT_NE(main.outside.messages[0].text.find("fileacc"), std::string::npos);
+        EXPECT_NE(main.outside.messages[0].text.find("nowhere"), std::string::npos);
         EXPECT_EQ(main.outside.messages[0].title, "Vantelos");
     }
 
