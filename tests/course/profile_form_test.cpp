@@ -13,10 +13,6 @@
 #include "forms/colours.h"
 #include "model/arithmetic.h"
 #include "open_profile.h"
-<<<<<<< HEAD
-#include "solved_course.h"
-=======
->>>>>>> course-tests
 #include "support/close_to.h"
 
 namespace
