@@ -20,6 +20,8 @@ namespace
     enum class Column { number, hours, minutes, seconds, distance, unit, comment };
     constexpr std::array<std::string_view, 7> columnNames{"number",   "hours", "minutes", "seconds",
                                                           "distance", "unit",  "comment"};
+    constexpr std::size_t longestLine = 65536;   // bytes
+    constexpr std::size_t mostErrors = 100;
     constexpr const char* allColumns = "number, hours, minutes, seconds, distance, unit, comment";
 
     std::optional<std::vector<Column>> columnsOf(std::string_view line, std::string& wrong)
@@ -80,11 +82,12 @@ namespace
             if (trimmed(field).empty())
                 return;
             const std::optional<double> number = numberOf(field);
-            // 0 is a place without a race, which a file that was written with a gap has
-            if (number && *number >= 0 && *number <= highestRaceNumber && *number == std::floor(*number))
+            using Number = std::numeric_limits<std::int16_t>;
+            // any that a record can hold: a gap in a file has 0, and what others wrote may have anything
+            if (number && *number >= Number::min() && *number <= Number::max() && *number == std::floor(*number))
                 record.number = static_cast<std::int16_t>(*number);
             else
-                refuse("number: " + inQuotes(field) + " is not a whole number from 0 to 32767");
+                refuse("number: " + inQuotes(field) + " is not a whole number from -32768 to 32767");
         }
 
         void takeFloat(const std::string& field, const std::string& name, float& value)
@@ -120,15 +123,20 @@ namespace
             const std::size_t length = characterCount(field);
             if (length > raceCommentLength)
                 remark = "the comment is cut after 60 of its " + std::to_string(length) + " characters";
-            if (textOfCodePage(codePageOf(field)) != field)
+            if (std::ranges::count(codePageOf(field), '?') != std::ranges::count(field, '?'))
                 remark += std::string(remark.empty() ? "" : "; ") +
-                          "characters of the comment that race files can't hold became \"?\" or a blank";
+                          "characters of the comment that race files can't hold became \"?\"";
         }
     };
 
     std::optional<RaceRecord> recordOfLine(const std::vector<Column>& columns, std::string_view line, int place,
                                            CsvRemark& error, CsvRemark& warning)
     {
+        if (line.size() > longestLine)
+        {
+            error.text = "the line is longer than 65536 bytes";
+            return std::nullopt;
+        }
         const auto fields = csvFields(line, error.text);
         if (!fields)
             return std::nullopt;
@@ -179,12 +187,15 @@ std::string commentText(const RaceRecord& record)
 
 std::string csvOf(const std::vector<RaceRecord>& records)
 {
+    const auto numberText = [](float number) {
+        return number == 0 && std::signbit(number) ? "-0" : floatText(static_cast<double>(number));
+    };
     std::string text = "number,hours,minutes,seconds,distance,unit,comment\n";
     for (const RaceRecord& record : records)
     {
         text += std::to_string(record.number);
         for (const float number : {record.hours, record.minutes, record.seconds, record.distance})
-            text += ',' + floatText(static_cast<double>(number));
+            text += ',' + numberText(number);
         text += ',' + unitWords(record) + ',' + csvField(commentText(record)) + '\n';
     }
     return text;
@@ -196,7 +207,13 @@ RaceCsv racesOfCsv(std::string_view bytes)
     if (bytes.starts_with(byteOrderMark))
         bytes.remove_prefix(byteOrderMark.size());
     std::string wrong;
-    const auto columns = columnsOf(takeLine(bytes), wrong);
+    const std::string_view headings = takeLine(bytes);
+    if (headings.size() > longestLine)
+    {
+        csv.errors.push_back({1, "the line is longer than 65536 bytes"});
+        return csv;
+    }
+    const auto columns = columnsOf(headings, wrong);
     if (!columns)
     {
         csv.errors.push_back({1, wrong});
@@ -207,6 +224,11 @@ RaceCsv racesOfCsv(std::string_view bytes)
         const std::string_view line = takeLine(bytes);
         if (trimmed(line).empty())
             continue;
+        if (csv.errors.size() == mostErrors)
+        {
+            csv.isCutShort = true;
+            return csv;
+        }
         if (csv.records.size() == static_cast<std::size_t>(highestRaceNumber))
         {
             csv.errors.push_back({number, "a race file holds 32767 races at the most"});

@@ -24,6 +24,7 @@ struct RaceCsv
 {
     std::vector<RaceRecord> records;
     std::vector<CsvRemark> errors;     // if there are any, no record counts
+    bool isCutShort = false;           // after 100 errors the rest has not been read
     std::vector<CsvRemark> warnings;   // comments that were cut, or had characters that the code page has not
 };
 
@@ -33,10 +34,10 @@ struct RaceCsv
 /// A comment in UTF-8, without the blanks behind it.
 [[nodiscard]] std::string commentText(const RaceRecord& record);
 
-/// The headings, and a line a record.
+/// The headings, and a line a record. A zero with a minus keeps it.
 /// Faults: a number that is none, or infinite.
 [[nodiscard]] std::string csvOf(const std::vector<RaceRecord>& records);
 
 /// Races from CSV. Columns stand in any order; what is left out is 0, blank, or for the race number the place in the
-/// file. Empty lines are skipped, and so is a byte order mark.
+/// file. Empty lines are skipped, and so is a byte order mark. A line above 65536 bytes is refused.
 [[nodiscard]] RaceCsv racesOfCsv(std::string_view bytes);

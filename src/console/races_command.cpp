@@ -47,7 +47,7 @@ namespace
             races.records.push_back(recordOfBytes(std::string_view(*bytes).substr(at, length)));
         races.leftOver = bytes->size() % length;
         if (races.leftOver > 0)
-            errors << inQuotes(file) << ": the last " << races.leftOver
+            errors << inQuotes(file) << ": warning: the last " << races.leftOver
                    << " bytes are no whole record and are left out.\n";
         return races;
     }
@@ -81,7 +81,7 @@ namespace
         return line;
     }
 
-    /// The list of the window, without its column of picks.
+    /// The list of the window; its column of picks is blank.
     std::string textOf(const std::vector<RaceRecord>& records)
     {
         const RaceTableRow headings{
@@ -117,17 +117,23 @@ namespace
         if (!races)
             return exitRefused;
         const bool damaged = leaveOutDamaged(*races, errors);
-        if (options.format == RacesFormat::json)
+        const RacesFormat format = options.format.value_or(RacesFormat::text);
+        if (format == RacesFormat::json)
             out << jsonOf(*races);
         else
-            out << (options.format == RacesFormat::csv ? csvOf(races->records) : textOf(races->records));
+            out << (format == RacesFormat::csv ? csvOf(races->records) : textOf(races->records));
         return written(damaged ? exitRefused : 0, out, errors);
     }
 
-    /// Whether a file may be written: there is none yet, or it may be replaced.
+    /// Whether a file may be written: it is not the one that is read, and there is none yet, or it may be replaced.
     bool mayWrite(const RacesOptions& options, std::ostream& errors)
     {
         std::error_code ignored;
+        if (std::filesystem::equivalent(options.files[0], options.files[1], ignored))
+        {
+            errors << inQuotes(options.files[1]) << " is the file that is to be read.\n";
+            return false;
+        }
         if (options.force || !std::filesystem::exists(std::filesystem::symlink_status(options.files[1], ignored)))
             return true;
         errors << inQuotes(options.files[1]) << " is there already; --force replaces it.\n";
@@ -154,6 +160,8 @@ namespace
         const RaceCsv csv = racesOfCsv(*bytes);
         for (const CsvRemark& error : csv.errors)
             errors << "line " << error.line << ": " << error.text << ".\n";
+        if (csv.isCutShort)
+            errors << "There are " << csv.errors.size() << " errors up to here; the lines behind have not been read.\n";
         if (!csv.errors.empty())
         {
             errors << "Nothing has been written.\n";
@@ -173,8 +181,13 @@ namespace
         if (!races)
             return exitRefused;
         const bool damaged = leaveOutDamaged(*races, errors);
+        if (damaged && !options.force)
+        {
+            errors << "Nothing has been written; --force leaves such races out.\n";
+            return exitRefused;
+        }
         const int status = save(options, csvOf(races->records), errors);
-        return damaged ? exitRefused : status;
+        return damaged || races->leftOver > 0 ? exitRefused : status;
     }
 
     void setFormat(RacesOptions& options, const std::string& text)
@@ -199,6 +212,16 @@ int runRaces(const RacesOptions& options, std::ostream& out, std::ostream& error
                           : "races lists one file; --import and --export take two.\n");
         return exitWrongUsage;
     }
+    if (moving && options.format)
+    {
+        errors << "--format is of the list; --import and --export write CSV and race files.\n";
+        return exitWrongUsage;
+    }
+    if (!moving && options.force)
+    {
+        errors << "--force goes with --import or --export.\n";
+        return exitWrongUsage;
+    }
     if (!moving)
         return list(options, out, errors);
     if (!mayWrite(options, errors))
@@ -215,7 +238,10 @@ void addRaces(CLI::App& app, int& status)
         ->expected(1, 2);
     command->add_flag("--import", options->importing, "Write a race file of the races of a CSV file");
     command->add_flag("--export", options->exporting, "Write a CSV file of the races of a race file");
-    command->add_flag("--force", options->force, "Replace the file that is to be written, if it is there");
+    command->add_flag(
+        "--force", options->force,
+        "Replace the file that is to be written, if it is there, and export a damaged file without the races that "
+        "can't be read");
     command
         ->add_option_function<std::string>(
             "--format", [options](const std::string& text) { setFormat(*options, text); },

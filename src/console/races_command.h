@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,11 +15,11 @@ enum class RacesFormat { text, csv, json };
 /// The command line of `races`.
 struct RacesOptions
 {
-    std::vector<std::string> files;   // the file to be listed; or from where, and to where
-    bool importing = false;           // CSV to a race file
-    bool exporting = false;           // a race file to CSV
-    bool force = false;               // in place of a file that is there
-    RacesFormat format = RacesFormat::text;
+    std::vector<std::string> files;           // the file to be listed; or from where, and to where
+    bool importing = false;                   // CSV to a race file
+    bool exporting = false;                   // a race file to CSV
+    bool force = false;                       // in place of a file that is there; CSV without races that can't be read
+    std::optional<RacesFormat> format = {};   // of the list; text if none is given
 };
 
 /// Runs `races`: lists a race file, or writes one of CSV, or CSV of one.

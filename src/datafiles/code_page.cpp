@@ -70,8 +70,6 @@ namespace
 
     char byteOf(char32_t character)
     {
-        if (isControl(character))
-            return ' ';
         if (character < firstSpecial || (character > lastSpecial && character <= 0xFF))
             return static_cast<char>(character);
         const auto* const special = std::find(specialCharacters.begin(), specialCharacters.end(), character);

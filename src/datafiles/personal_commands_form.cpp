@@ -11,6 +11,7 @@
 #include "datafiles/personal_file.h"
 #include "datafiles/race_commands_form.h"
 #include "forms/files.h"
+#include "forms/on_leaving.h"
 #include "model/text.h"
 
 namespace
@@ -81,15 +82,24 @@ void readPersonalData(FileaccForm& form)
     const std::optional<std::string> bytes = readFile(path, personalFileLimit);
     if (!bytes)
     {
+        form.outside.said.push_back({"The personal data file " + path.string() +
+                                         " can't be opened: " + whyUnread(path).value_or("It can't be read") + ".",
+                                     "File not opened"});
+        return;
+    }
+    if (bytes->empty())
+    {
         form.outside.said.push_back(
-            {"The personal data file " + path.string() + " can't be opened.", "File not opened"});
+            {"The personal data file " + path.string() + " is empty. The main form stays as it is."});
         return;
     }
     const std::vector<std::string> fields = personalFieldsOf(*bytes);
     const auto controls = controlsOf(form.vantstart);
     for (std::size_t i = 0; i < fields.size(); ++i)
     {
-        form.state.activity = "reading line " + std::to_string(i + 1) + " of the personal data file";
+        const std::string reading = "reading line " + std::to_string(i + 1) + " of the personal data file";
+        form.state.activity = reading;
+        const OnLeaving tellTheLine([&] { form.state.activity = reading; });   // where a change of the main form stops
         std::visit([&](auto* control) { give(*control, fields[i]); }, controls[i]);
     }
     if (fields.size() < controls.size())

@@ -27,7 +27,8 @@ struct PersonalData
 [[nodiscard]] std::string bytesOf(const PersonalData& data);
 
 /// The values of a file, nine at the most: blanks before a value are skipped, and a comma or a line's end ends it. A file
-/// that is cut short has fewer. Bytes that are no UTF-8 are taken as code page 1252.
+/// that is cut short has fewer. A byte order mark is skipped. A value that is no UTF-8 is taken as code page 1252, but where
+/// the bytes end within a character, that is left out.
 [[nodiscard]] std::vector<std::string> personalFieldsOf(std::string_view bytes);
 
 /// What a value means for a scroll bar from `least` to `most`: its leading number rounded, held within these.

@@ -55,14 +55,17 @@ namespace
         return std::nullopt;
     }
 
+    /// Returns whether there is a file to write to; without one it is told.
+    bool hasOpenFile(FileaccForm& form)
+    {
+        if (!form.file.isOpen())
+            form.outside.said.push_back({"No race file is open."});
+        return form.file.isOpen();
+    }
+
     /// Writes a record at the place of its number. Returns whether it is in the file.
     bool writeRecord(FileaccForm& form, const RaceRecord& record)
     {
-        if (!form.file.isOpen())
-        {
-            form.outside.said.push_back({"No race file is open."});
-            return false;
-        }
         const std::optional<std::string> failure = form.file.write(recordOffset(record.number), bytesOf(record));
         if (failure)
             form.outside.said.push_back(
@@ -184,6 +187,8 @@ void openExistingRaces(FileaccForm& form)
 void addRace(FileaccForm& form)
 {
     form.state.activity = "adding a race to the race file";
+    if (!hasOpenFile(form))
+        return;
     const RaceRecord record = recordOf(entriesOf(form, form.Text9));
     if (!writeRecord(form, record))
         return;
@@ -202,6 +207,8 @@ void replaceRace(FileaccForm& form)
         if (!ask(form.outside, {question}))
             return;
     }
+    if (!hasOpenFile(form))
+        return;
     const RaceRecord record = recordOf(entriesOf(form, form.Text7));
     if (!writeRecord(form, record))
         return;

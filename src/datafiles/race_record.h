@@ -16,7 +16,7 @@
 inline constexpr int raceRecordLength = 84;   // bytes
 inline constexpr int raceFlags = 6;
 inline constexpr std::size_t raceCommentLength = 60;
-inline constexpr int highestRaceNumber = 32767;
+inline constexpr int highestRaceNumber = 32767;   // a record's place, too; below 1 there is none
 
 struct RaceRecord
 {

@@ -334,7 +334,8 @@ namespace
             if (list->entered)
             {
                 widget->setProperty(takesEnter, true);
-                on(*list, widget, &QListWidget::itemActivated, false, selectShown);
+                on(*list, widget, &QListWidget::itemActivated, false,
+                   [widget](ListBox& record) { select(record, widget->currentRow()); });   // marked or not
                 return;
             }
             on(*list, widget, &QListWidget::itemSelectionChanged, false, selectShown);

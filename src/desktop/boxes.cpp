@@ -52,6 +52,10 @@ namespace
 QString adviceFor(const FaultReport& fault)
 {
     const auto stoppedWhile = [&fault](const char* words) { return fault.text.find(words) != std::string::npos; };
+    if (stoppedWhile("of the personal data file"))
+        return QObject::tr(
+            "The values before that line are on the main form, those from it on are as they were. Correct the "
+            "line, then open the file again.");
     if (stoppedWhile(" age"))
         return QObject::tr("All entries are kept. Check the age, correct it and press Re-Calculate.");
     if (stoppedWhile("rating the time"))
@@ -59,8 +63,8 @@ QString adviceFor(const FaultReport& fault)
                            "press Re-Calculate.");
     if (stoppedWhile("race file"))
         return QObject::tr(
-            "What the file held before is still there, and what is listed stays. A race number is 1 to 32767, "
-            "and the list has room for 99 races.");
+            "What the file held before is still there, and what is listed stays. A race number is 1 to 32767, times "
+            "and distances go up to 3.4E+38, and the list has room for 99 races.");
     if (stoppedWhile("heart rate"))
         return QObject::tr("All entries are kept. Check the heart rates and the age.");
     return QObject::tr("All entries are kept. Check the races: a time or a distance may not be what you meant, or the "

@@ -25,15 +25,13 @@ namespace
         return 0666 & ~mask;
     }
 
-    std::string lastError()
-    {
-        return std::generic_category().message(errno);
-    }
-
-    std::string errorText(int error)
+    std::string errorText(int error = errno)
     {
         return std::generic_category().message(error);
     }
+
+    constexpr int quietly = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;   // what is no file must not keep anybody waiting
+    constexpr const char* noFile = "It is no file";
 
     /// Writes bytes at a place. Returns whether all of them could be written.
     bool writeAt(int file, std::uint64_t offset, std::string_view bytes)
@@ -83,24 +81,39 @@ std::optional<std::string> readFile(const std::filesystem::path& path, std::size
     return bytes;
 }
 
+std::optional<std::string> whyUnread(const std::filesystem::path& path)
+{
+    const int file = ::open(path.c_str(), O_RDONLY | quietly);
+    if (file < 0)
+        return errorText();
+    struct stat about = {};
+    const bool known = fstat(file, &about) == 0;
+    ::close(file);
+    if (known && S_ISDIR(about.st_mode))
+        return errorText(EISDIR);
+    if (!known || !S_ISREG(about.st_mode))
+        return noFile;
+    return std::nullopt;
+}
+
 std::optional<std::string> replaceFile(const std::filesystem::path& path, std::string_view bytes)
 {
     std::error_code ignored;
     const std::filesystem::path whole = std::filesystem::weakly_canonical(path, ignored);   // where a link leads
     const std::filesystem::path target = ignored ? path : whole;
     if (std::filesystem::exists(target, ignored) && access(target.c_str(), W_OK) != 0)
-        return lastError();
+        return errorText();
     std::string beside = target.string() + ".XXXXXX";
     const int file = mkstemp(beside.data());
     if (file < 0)
-        return lastError();
+        return errorText();
     std::optional<std::string> failure;
     if (!writeAll(file, bytes, permissionsOf(target)))
-        failure = lastError();
+        failure = errorText();
     if (close(file) != 0 && !failure)
-        failure = lastError();
+        failure = errorText();
     if (!failure && std::rename(beside.c_str(), target.c_str()) != 0)
-        failure = lastError();
+        failure = errorText();
     if (failure)
         unlink(beside.c_str());
     return failure;
@@ -109,19 +122,19 @@ std::optional<std::string> replaceFile(const std::filesystem::path& path, std::s
 std::optional<std::string> HeldFile::open(const std::filesystem::path& path)
 {
     close();
-    constexpr int flags = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;   // what is no file must not keep anybody waiting
-    file = ::open(path.c_str(), O_RDWR | O_CREAT | flags, 0666);
+    place = path;
+    file = openToWrite(path.c_str(), O_RDWR | O_CREAT | quietly);
     writable = file >= 0;
     const int refused = errno;
     if (file < 0 && (refused == EACCES || refused == EPERM || refused == EROFS))
-        file = ::open(path.c_str(), O_RDONLY | flags);
+        file = ::open(path.c_str(), O_RDONLY | quietly);
     if (file < 0)
         return errorText(refused);
     struct stat about = {};
     if (fstat(file, &about) == 0 && S_ISREG(about.st_mode))
         return std::nullopt;
     close();
-    return "It is no file";
+    return noFile;
 }
 
 void HeldFile::close()
@@ -164,14 +177,15 @@ std::optional<std::string> HeldFile::write(std::uint64_t offset, std::string_vie
         return errorText(EBADF);
     if (!writable)
         return errorText(EACCES);
-    if (before.st_nlink == 0)
-        return errorText(ENOENT);   // somebody has removed it: what is written now would be lost
+    struct stat there = {};
+    if (stat(place.c_str(), &there) != 0 || there.st_dev != before.st_dev || there.st_ino != before.st_ino)
+        return "the file has been removed or replaced since it was opened; open it again";   // else it would be lost
     const std::optional<std::string> old = read(offset, bytes.size());
     if (!old)
-        return lastError();
+        return errorText();
     if (writeAt(file, offset, bytes) && fsync(file) == 0)
         return std::nullopt;
-    const std::string failure = lastError();
+    const std::string failure = errorText();
     (void)writeAt(file, offset, *old);
     (void)!ftruncate(file, before.st_size);
     return failure;

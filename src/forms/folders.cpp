@@ -11,13 +11,18 @@ namespace
 {
     namespace fs = std::filesystem;
 
-    /// Whether a file system holds files of people, and not what the system makes up.
-    bool isForFiles(const std::string& type)
+    /// Whether a file system holds files of people, and not what the system makes up. Layers of containers are left out, and
+    /// so is what programs mount for themselves; a disk that such a program reads is not.
+    bool isForFiles(const std::string& place, const std::string& type)
     {
-        constexpr std::array<std::string_view, 24> others{
-            "proc",    "sysfs",    "devtmpfs",    "devpts", "tmpfs",      "cgroup",   "cgroup2", "pstore",
-            "bpf",     "tracefs",  "debugfs",     "mqueue", "hugetlbfs",  "configfs", "ramfs",   "securityfs",
-            "fusectl", "efivarfs", "binfmt_misc", "autofs", "rpc_pipefs", "squashfs", "nsfs",    "selinuxfs"};
+        if (type == "overlay")
+            return place == "/";
+        if (type.starts_with("fuse"))
+            return type == "fuseblk";
+        constexpr std::array<std::string_view, 23> others{
+            "proc",     "sysfs",       "devtmpfs", "devpts",     "tmpfs",     "cgroup",   "cgroup2",  "pstore",
+            "bpf",      "tracefs",     "debugfs",  "mqueue",     "hugetlbfs", "configfs", "ramfs",    "securityfs",
+            "efivarfs", "binfmt_misc", "autofs",   "rpc_pipefs", "squashfs",  "nsfs",     "selinuxfs"};
         return std::find(others.begin(), others.end(), type) == others.end();
     }
 
@@ -68,27 +73,34 @@ fs::path fromRoot(const fs::path& folder)
     return (fs::current_path(ignored) / folder / "").lexically_normal().parent_path();
 }
 
-std::vector<std::string> drives()
+std::vector<std::string> placesOf(std::istream& mounts)
 {
-    std::vector<std::string> places{"/"};
-    const auto add = [&places](const std::string& place) {
-        std::error_code ignored;
-        if (std::find(places.begin(), places.end(), place) == places.end() && fs::is_directory(place, ignored))
-            places.push_back(place);
-    };
-    std::ifstream mounts("/proc/self/mounts");
+    std::vector<std::string> places;
     for (std::string line; std::getline(mounts, line);)
     {
         std::istringstream words(line);
         std::string device;
         std::string place;
         std::string type;
-        if (words >> device >> place >> type && isForFiles(type))
-            add(unescaped(place));
+        if (words >> device >> place >> type && isForFiles(place, type))
+            places.push_back(unescaped(place));
     }
     std::sort(places.begin(), places.end());
+    places.erase(std::unique(places.begin(), places.end()), places.end());
+    return places;
+}
+
+std::vector<std::string> drives()
+{
+    std::ifstream mounts("/proc/self/mounts");
+    std::vector<std::string> places = placesOf(mounts);
+    const auto add = [&places](auto at, const std::string& place) {
+        if (std::find(places.begin(), places.end(), place) == places.end())
+            places.insert(at, place);
+    };
+    add(places.begin(), "/");
     if (const char* home = std::getenv("HOME"); home && *home == '/')
-        add(fromRoot(home).string());
+        add(places.end(), fromRoot(home).string());
     return places;
 }
 
@@ -108,10 +120,12 @@ int driveOf(const fs::path& folder, const std::vector<std::string>& places)
 
 std::vector<std::string> foldersIn(const fs::path& folder)
 {
-    return namesIn(folder, [](const fs::directory_entry& entry) {
+    std::vector<std::string> names = namesIn(folder, [](const fs::directory_entry& entry) {
         std::error_code ignored;
-        return !entry.path().filename().string().starts_with('.') && entry.is_directory(ignored);
+        return entry.is_directory(ignored);
     });
+    std::stable_partition(names.begin(), names.end(), [](const std::string& name) { return !name.starts_with('.'); });
+    return names;
 }
 
 std::vector<std::string> filesIn(const fs::path& folder, std::string_view part)

@@ -287,6 +287,14 @@ namespace
         return static_cast<std::size_t>(std::clamp<double>(std::floor(file.raceCount) + 1, 1, raceTableRows));
     }
 
+    /// The same, and as far as marks of an earlier file reach beyond them.
+    std::size_t rowsMarked(const RaceFileState& file)
+    {
+        const auto last =
+            std::find_if(file.pickOrder.rbegin(), file.pickOrder.rend(), [](int pick) { return pick != 0; });
+        return std::max(rowsInUse(file), static_cast<std::size_t>(file.pickOrder.rend() - last));
+    }
+
     std::vector<StateName> raceFileNames()
     {
         return {{"raceTable",
@@ -302,7 +310,7 @@ namespace
                 {"pickOrder",
                  [](const ModelState& state) -> StateValue {
                      const auto begin = state.raceFile.pickOrder.begin();
-                     return std::vector<double>(begin, begin + static_cast<std::ptrdiff_t>(rowsInUse(state.raceFile)));
+                     return std::vector<double>(begin, begin + static_cast<std::ptrdiff_t>(rowsMarked(state.raceFile)));
                  },
                  {}},
                 {"nextSlot", [](const ModelState& state) -> StateValue { return state.raceFile.nextSlot; }, {}},

@@ -1,10 +1,14 @@
 #include "console/races_command.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
+
+#include <sys/stat.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,6 +19,7 @@
 #include "console/runner_options.h"
 #include "datafiles/code_page.h"
 #include "support/case_name.h"
+#include "support/console_program.h"
 #include "support/scratch_folder.h"
 
 namespace
@@ -125,6 +130,47 @@ namespace
         EXPECT_THAT(command.run({"none.vtc"}).errors, HasSubstr("can't be read"));
     }
 
+    TEST(Races, OfAFileThatWasCutAreTheWholeOnes)
+    {
+        for (const auto& [length, races, leftOver] :
+             std::vector<std::tuple<std::size_t, int, std::size_t>>{{83, 0, 83}, {84, 1, 0}, {85, 1, 1}, {168, 2, 0}})
+        {
+            RacesCommand command;
+            command.options.format = RacesFormat::csv;
+            writeBytes(command.at("a.vtc"), twoRaces().substr(0, length));
+            const Printed printed = command.run({"a.vtc"});
+            EXPECT_EQ(printed.status, 0);
+            EXPECT_EQ(std::ranges::count(printed.out, '\n'), races + 1) << length;
+            EXPECT_EQ(printed.errors, leftOver == 0 ? ""
+                                                    : "\"" + command.at("a.vtc") + "\": warning: the last " +
+                                                          std::to_string(leftOver) +
+                                                          " bytes are no whole record and are left out.\n");
+        }
+    }
+
+    TEST(Races, OfAFileAreListedBeyondWhatTheWindowHolds)
+    {
+        RacesCommand command;
+        command.options.format = RacesFormat::csv;
+        std::string bytes;
+        for (int i = 1; i <= 101; ++i)
+            bytes += bytesOf(recordOf({std::to_string(i), "", "19", "", "5", 3, ""}));
+        writeBytes(command.at("a.vtc"), bytes);
+        EXPECT_THAT(command.run({"a.vtc"}).out, testing::EndsWith("\n101,0,19,0,5,km,\n"));
+    }
+
+    TEST(Races, OfWhatIsNoFileAreRefusedAtOnce)
+    {
+        RacesCommand command;
+        ASSERT_EQ(mkfifo(command.at("pipe").c_str(), 0600), 0);
+        fs::create_directory(command.at("folder"));
+        for (const char* name : {"pipe", "folder"})
+        {
+            EXPECT_EQ(command.run({name}).status, exitRefused);
+            EXPECT_THAT(command.run({name}).errors, HasSubstr("can't be read"));
+        }
+    }
+
     TEST(Races, LeaveOutWhatIsNoNumber)
     {
         RacesCommand command;
@@ -168,8 +214,7 @@ namespace
         const Printed printed = command.import("comment\n\u0141\u00f3d\u017a\n" + std::string(61, 'c') + "\n");
         EXPECT_EQ(printed.status, 0);
         EXPECT_EQ(printed.errors,
-                  "line 2: warning: characters of the comment that race files can't hold became \"?\" or a "
-                  "blank.\n"
+                  "line 2: warning: characters of the comment that race files can't hold became \"?\".\n"
                   "line 3: warning: the comment is cut after 60 of its 61 characters.\n");
         EXPECT_EQ(readBytes(command.at("out.vtc")).substr(24, 5), "?\xf3"
                                                                   "d? ");
@@ -206,9 +251,15 @@ namespace
             BadCsv{"twice", "unit,unit\n", "line 1: the column \"unit\" stands there twice."},
             BadCsv{"no_number", "minutes\n4\n4o\n", "line 3: minutes: \"4o\" is not a number."},
             BadCsv{"too_large", "seconds\n1e39\n", "line 2: seconds: \"1e39\" is too large for the file."},
-            BadCsv{"negative_race", "number\n-1\n", "line 2: number: \"-1\" is not a whole number from 0 to 32767."},
-            BadCsv{"race_40000", "number\n40000\n", "line 2: number: \"40000\" is not a whole number from 0 to 32767."},
-            BadCsv{"half_a_race", "number\n1.5\n", "line 2: number: \"1.5\" is not a whole number from 0 to 32767."},
+            BadCsv{"race_far_below", "number\n-32769\n",
+                   "line 2: number: \"-32769\" is not a whole number from -32768 to 32767."},
+            BadCsv{"race_40000", "number\n40000\n",
+                   "line 2: number: \"40000\" is not a whole number from -32768 to 32767."},
+            BadCsv{"half_a_race", "number\n1.5\n",
+                   "line 2: number: \"1.5\" is not a whole number from -32768 to 32767."},
+            BadCsv{"long_line", "comment\n" + std::string(65537, 'c') + "\n1,2\n",
+                   "line 2: the line is longer than 65536 bytes.\nline 3: there are more fields than headings."},
+            BadCsv{"long_headings", std::string(65537, 'c') + "\n", "line 1: the line is longer than 65536 bytes."},
             BadCsv{"unit", "unit\nmiles\n", "line 2: unit: \"miles\" is none of mi, yd, km, m, marathon, half."},
             BadCsv{"no_utf8", "comment\nZ\xfcrich\n", "line 2: the comment is not UTF-8."},
             BadCsv{"more_fields", "unit\nkm,5\n", "line 2: there are more fields than headings."},
@@ -216,6 +267,29 @@ namespace
             BadCsv{"two_lines", "hours\nx\n1\ny\n",
                    "line 2: hours: \"x\" is not a number.\nline 4: hours: \"y\" is not a number."}),
         byName);
+
+    TEST(Import, TakesALineOf65536Bytes)
+    {
+        RacesCommand command;
+        EXPECT_EQ(command.import("comment\n" + std::string(65536, 'c') + "\n").status, 0);
+        EXPECT_EQ(readBytes(command.at("out.vtc")).substr(24), std::string(60, 'c'));
+    }
+
+    TEST(Import, StopsAfterAHundredErrors)
+    {
+        RacesCommand command;
+        std::string csv = "hours\n";
+        std::string told;
+        for (int i = 2; i <= 101; ++i)
+        {
+            csv += "x\n";
+            told += "line " + std::to_string(i) + ": hours: \"x\" is not a number.\n";
+        }
+        EXPECT_EQ(command.import(csv).errors, told + "Nothing has been written.\n");
+        EXPECT_EQ(command.import(csv + "1\nx\n").errors,
+                  told + "There are 100 errors up to here; the lines behind have not been read.\n"
+                         "Nothing has been written.\n");
+    }
 
     TEST(Import, HoldsNoMoreRacesThanAFile)
     {
@@ -236,6 +310,66 @@ namespace
         EXPECT_EQ(readBytes(command.at("in.csv")), twoRacesCsv);
         EXPECT_EQ(command.import(readBytes(command.at("in.csv"))).status, 0);
         EXPECT_EQ(readBytes(command.at("out.vtc")), twoRaces());
+    }
+
+    TEST(Export, OfADamagedFileWritesNothingWithoutForce)
+    {
+        RacesCommand command;
+        std::string bytes = twoRaces();
+        bytes.replace(10, 4, "\xff\xff\xff\xff");
+        writeBytes(command.at("a.vtc"), bytes);
+        command.options.exporting = true;
+        Printed printed = command.run({"a.vtc", "out.csv"});
+        EXPECT_EQ(printed.status, exitRefused);
+        EXPECT_EQ(printed.errors, "Race 1 can't be read: a result that is no number.\n"
+                                  "Nothing has been written; --force leaves such races out.\n");
+        EXPECT_FALSE(fs::exists(command.at("out.csv")));
+        command.options.force = true;
+        printed = command.run({"a.vtc", "out.csv"});
+        EXPECT_EQ(printed.status, exitRefused);
+        EXPECT_THAT(readBytes(command.at("out.csv")), HasSubstr("comment\n2,1,29,30"));
+    }
+
+    TEST(Export, OfAFileThatWasCutWritesTheRestAndTells)
+    {
+        RacesCommand command;
+        writeBytes(command.at("a.vtc"), twoRaces() + "xyz");
+        command.options.exporting = true;
+        const Printed printed = command.run({"a.vtc", "out.csv"});
+        EXPECT_EQ(printed.status, exitRefused);
+        EXPECT_THAT(printed.errors, HasSubstr("warning: the last 3 bytes"));
+        EXPECT_EQ(readBytes(command.at("out.csv")), twoRacesCsv);
+    }
+
+    TEST(Files, ThatAreReadAreNotWritten)
+    {
+        RacesCommand command;
+        writeBytes(command.at("a.vtc"), twoRaces());
+        fs::create_symlink("a.vtc", command.at("link"));
+        fs::create_hard_link(command.at("a.vtc"), command.at("same"));
+        command.options.exporting = true;
+        command.options.force = true;
+        for (const char* name : {"a.vtc", "link", "same", "./a.vtc"})
+        {
+            const Printed printed = command.run({"a.vtc", name});
+            EXPECT_EQ(printed.status, exitRefused);
+            EXPECT_THAT(printed.errors, HasSubstr("is the file that is to be read.")) << name;
+        }
+        EXPECT_EQ(readBytes(command.at("a.vtc")), twoRaces());
+    }
+
+    TEST(Files, ThatAreFoldersOrLeadNowhereStay)
+    {
+        RacesCommand command;
+        fs::create_directory(command.at("folder"));
+        fs::create_symlink("none", command.at("link"));
+        writeBytes(command.at("in.csv"), twoRacesCsv);
+        command.options.importing = true;
+        EXPECT_THAT(command.run({"in.csv", "link"}).errors, HasSubstr("is there already"));
+        EXPECT_FALSE(fs::exists(command.at("none")));
+        command.options.force = true;
+        EXPECT_THAT(command.run({"in.csv", "folder"}).errors, HasSubstr("could not be written: Is a directory."));
+        EXPECT_TRUE(fs::is_directory(command.at("folder")));
     }
 
     TEST(Files, ThatAreThereAreReplacedByForceAlone)
@@ -270,14 +404,74 @@ namespace
         EXPECT_EQ(command.run({"a", "b"}).status, exitWrongUsage);
     }
 
+    TEST(Usage, HasOptionsWhereTheyMeanSomething)
+    {
+        RacesCommand command;
+        writeBytes(command.at("a.vtc"), twoRaces());
+        command.options.force = true;
+        EXPECT_EQ(command.run({"a.vtc"}).status, exitWrongUsage);
+        command.options.format = RacesFormat::text;
+        for (bool RacesOptions::*way : {&RacesOptions::importing, &RacesOptions::exporting})
+        {
+            command.options.importing = command.options.exporting = false;
+            command.options.*way = true;
+            EXPECT_EQ(command.run({"a.vtc", "out"}).status, exitWrongUsage);
+            EXPECT_FALSE(fs::exists(command.at("out")));
+        }
+    }
+
+    TEST(Zeros, KeepTheirMinus)
+    {
+        RaceRecord record = recordOf({"1", "-0", "", "-0", "5", 3, ""});
+        record.number = -32768;
+        const std::string csv = csvOf({record});
+        EXPECT_THAT(csv, HasSubstr("\n-32768,-0,0,-0,5,km,\n"));
+        EXPECT_EQ(bytesOf(racesOfCsv(csv).records.at(0)), bytesOf(record));
+    }
+
+    TEST(Gap, ComesBackWithBlanks)
+    {
+        const RaceRecord gap = recordOfBytes("");
+        EXPECT_EQ(bytesOf(racesOfCsv(csvOf({gap})).records.at(0)), std::string(18, '\0') + std::string(66, ' '));
+    }
+
+#ifdef VANTELOS_CONSOLE
+    TEST(Program, ListsAndMovesRaces)
+    {
+        const ScratchFolder folder;
+        const std::string at = "'" + folder.path.string();
+        writeBytes(folder.path / "a.vtc", bytesOf(recordOf({"1", "", "19", "20.5", "5", 3, "Parkrun, wet"})) +
+                                              bytesOf(recordOf({"2", "1", "29", "30", "", 6, "Z\u00fcrich"})));
+        const std::string guide = readBytes(VANTELOS_SOURCE_DIR "/docs/console.md");
+        const ConsoleRun listed = console("races " + at + "/a.vtc'");
+        EXPECT_EQ(listed.status, 0);
+        EXPECT_THAT(guide, HasSubstr("$ vantelos-console races ann.vtc\n" + listed.out + "```"));
+        EXPECT_EQ(console("races --export " + at + "/a.vtc' " + at + "/a.csv'").status, 0);
+        EXPECT_THAT(guide, HasSubstr("```\n" + readBytes(folder.path / "a.csv") + "```"));
+        EXPECT_EQ(console("races --import " + at + "/a.csv' " + at + "/copy.vtc'").status, 0);
+        EXPECT_EQ(readBytes(folder.path / "copy.vtc"), readBytes(folder.path / "a.vtc"));
+        EXPECT_EQ(console("races --export " + at + "/a.vtc' " + at + "/a.csv'").status, 1);
+    }
+
+    TEST(Program, RefusesWrongUsage)
+    {
+        EXPECT_EQ(console("races").status, 2);
+        EXPECT_EQ(console("races a b c").status, 2);
+        const ConsoleRun format = console("races a --format xml");
+        EXPECT_EQ(format.status, 2);
+        EXPECT_THAT(format.errors, HasSubstr("\"xml\" is neither text nor csv nor json"));
+        EXPECT_EQ(console("races --import a b --format csv").status, 2);
+    }
+#endif
+
     RC_GTEST_PROP(Csv, BringsEveryOrdinaryRecordBack, ())
     {
         RaceRecord record;
-        record.number = *rc::gen::inRange<std::int16_t>(0, 32767);
+        record.number = static_cast<std::int16_t>(*rc::gen::arbitrary<std::uint16_t>());
         for (float* const number : {&record.hours, &record.minutes, &record.seconds, &record.distance})
         {
             const auto drawn = std::bit_cast<float>(*rc::gen::arbitrary<std::uint32_t>());
-            *number = std::isfinite(drawn) && drawn != 0 ? drawn : 0;
+            *number = std::isfinite(drawn) ? drawn : -0.0F;
         }
         for (char& flag : record.flags)
             flag = *rc::gen::element(' ', 'X');

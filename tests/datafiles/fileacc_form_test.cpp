@@ -1,5 +1,8 @@
 // The form around the files: its folders, its enabled states, and personal data files.
 
+#include <cstdlib>
+#include <optional>
+#include <sstream>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -153,7 +156,7 @@ namespace
         files.choose("persdat");
         files.close();
         files.open();
-        EXPECT_THAT(files.items("Dir1"), ElementsAre("..", "sub \u00fc"));
+        EXPECT_THAT(files.items("Dir1"), ElementsAre("..", "sub \u00fc", ".hidden"));
         files.pick("Dir1", 1);
         const fs::path sub = files.at("sub \u00fc");
         EXPECT_EQ(files.program.currentFolder, sub);
@@ -216,6 +219,62 @@ namespace
         EXPECT_EQ(findForm(files.program, "fileacc")->title, "File Access for Saved Races - /");
     }
 
+    /// Sets HOME while it lives.
+    class HomeAt
+    {
+    public:
+        explicit HomeAt(const std::string& home)
+        {
+            if (const char* old = std::getenv("HOME"))
+                before = old;
+            setenv("HOME", home.c_str(), 1);
+        }
+        HomeAt(const HomeAt&) = delete;
+        HomeAt& operator=(const HomeAt&) = delete;
+        ~HomeAt() { before ? setenv("HOME", before->c_str(), 1) : unsetenv("HOME"); }
+
+    private:
+        std::optional<std::string> before;
+    };
+
+    TEST(Drives, EndWithTheHomeFolder)
+    {
+        OpenFiles files;
+        fs::create_directory(files.at("home \u00fc"));
+        const HomeAt home(files.at("home \u00fc").string() + "/");
+        files.close();
+        files.open();
+        EXPECT_EQ(files.items("Drive1").back(), files.at("home \u00fc").string());
+        files.pick("Drive1", static_cast<int>(files.items("Drive1").size()) - 1);
+        EXPECT_EQ(files.program.currentFolder, files.at("home \u00fc"));
+        EXPECT_EQ(files.get<ListBox>("Drive1").selected, static_cast<int>(files.items("Drive1").size()) - 1);
+    }
+
+    TEST(Drives, WithoutAHomeFolderAreThoseOfTheMounts)
+    {
+        const HomeAt home("nowhere");
+        EXPECT_THAT(drives(), testing::Not(Contains(HasSubstr("nowhere"))));
+        EXPECT_THAT(drives(), Contains("/"));
+    }
+
+    TEST(Drives, AreMountsForFiles)
+    {
+        std::istringstream mounts("overlay / overlay rw,relatime 0 0\n"
+                                  "proc /proc proc rw 0 0\n"
+                                  "tmpfs /run tmpfs rw 0 0\n"
+                                  "/dev/sdb1 /media/ann/my\\040disk\\0411 vfat rw 0 0\n"
+                                  "/dev/sda2 /home ext4 rw 0 0\n"
+                                  "/dev/sda2 /home ext4 rw 0 0\n"
+                                  "/dev/sdc1 /media/ann/win fuseblk rw 0 0\n"
+                                  "gvfsd-fuse /run/user/1000/gvfs fuse.gvfsd-fuse rw 0 0\n"
+                                  "host:/home /net nfs4 rw 0 0\n"
+                                  "fusectl /sys/fs/fuse/connections fusectl rw 0 0\n"
+                                  "overlay /var/lib/docker/overlay2/x/merged overlay rw 0 0\n"
+                                  "/dev/loop0 /snap/core squashfs ro 0 0\n"
+                                  "a line\n");
+        EXPECT_THAT(placesOf(mounts), ElementsAre("/", "/home", "/media/ann/my disk!1", "/media/ann/win", "/net"));
+    }
+
     TEST(Drives, AreFoundByTheLongestPlace)
     {
         const std::vector<std::string> places{"/", "/home", "/home/ann"};
@@ -230,8 +289,33 @@ namespace
     {
         OpenFiles files;
         files.openRaces(parkrun());
+        EXPECT_TRUE(files.holdsOpen("races.vtc"));
         files.click("Command3");
         EXPECT_FALSE(files.isOpen());
+        EXPECT_FALSE(files.holdsOpen("races.vtc"));
+    }
+
+    TEST(Close, ComesWithAnotherNameAnotherFileAndTheEndOfTheProgram)
+    {
+        OpenFiles files;
+        files.openRaces(parkrun());
+        files.type("Text6", "other");
+        EXPECT_FALSE(files.holdsOpen("races.vtc"));
+        files.click("Command2");
+        EXPECT_TRUE(files.holdsOpen("other.vtc"));
+        files.click("Command4");
+        EXPECT_FALSE(files.holdsOpen("other.vtc"));
+        EXPECT_TRUE(files.holdsOpen("other"));
+        files.click("Command2");
+        EXPECT_FALSE(files.holdsOpen("other"));
+        files.choose("persdat");
+        files.click("Command4");
+        EXPECT_FALSE(files.holdsOpen("other.vtc"));
+        files.choose("races");
+        files.openRaces(parkrun());
+        EXPECT_TRUE(files.holdsOpen("races.vtc"));
+        stop(files.program);
+        EXPECT_FALSE(files.holdsOpen("races.vtc"));
     }
 
     void enterAnn(Program& program)

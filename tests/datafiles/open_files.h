@@ -34,6 +34,17 @@ struct OpenFiles : PlanningProgram
     [[nodiscard]] RaceControls& row(std::size_t i) { return program.vantstart->races.at(i); }
     [[nodiscard]] std::filesystem::path at(const std::string& name) const { return folder.path / name; }
 
+    /// Whether this process has a file of the folder open.
+    [[nodiscard]] bool holdsOpen(const std::string& name) const
+    {
+        const std::filesystem::path path = std::filesystem::weakly_canonical(at(name));
+        std::error_code ignored;
+        for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd"))
+            if (std::filesystem::read_symlink(entry.path(), ignored) == path)
+                return true;
+        return false;
+    }
+
     /// Opens a race file of those bytes as "races.vtc".
     void openRaces(const std::string& bytes)
     {

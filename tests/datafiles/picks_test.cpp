@@ -194,6 +194,71 @@ namespace
         EXPECT_FALSE(files.isEnabled("Command8"));
     }
 
+    TEST_F(Picking, OmittingRightAfterTheOpeningCountsBelowNone)
+    {
+        selectRow(4);
+        files.click("Command4");
+        omitRow(4);   // the mark is still there, the count is not
+        EXPECT_EQ(files.races().pickedCount, -1);
+        EXPECT_EQ(files.races().nextSlot, 0);
+        EXPECT_FALSE(files.row(0).Check1.ticked);
+        for (int row = 1; row <= 6; ++row)   // so that six fit
+            selectRow(row);
+        EXPECT_EQ(files.races().pickedCount, 5);
+        EXPECT_EQ(marks(), "   2 3 4 5 1    ");
+    }
+
+    TEST_F(Picking, AfterOpenNewTakesTheRowOfAnEmptyTable)
+    {
+        files.pick("List1", 2);
+        files.type("Text6", "new");
+        files.click("Command2");
+        files.click("Command5");
+        EXPECT_TRUE(files.row(0).Check1.ticked);
+        EXPECT_EQ(files.row(0).Text2.text, "");
+        EXPECT_EQ(files.races().pickOrder[3], 1);
+        EXPECT_EQ(files.races().raceCount, 8);   // Open New leaves it
+        EXPECT_EQ(files.items("List1").size(), 8U);
+        EXPECT_EQ(files.items("List1")[2], " 1" + std::string(68, ' '));
+    }
+
+    TEST_F(Picking, AfterAFileWithoutAWholeRecordListsNothing)
+    {
+        files.pick("List1", 2);
+        files.openRaces(eightRaces().substr(0, 83));
+        EXPECT_THAT(files.items("List1"), IsEmpty());
+        files.click("Command5");
+        EXPECT_TRUE(files.row(0).Check1.ticked);
+        EXPECT_THAT(files.items("List1"), IsEmpty());
+        EXPECT_EQ(files.races().pickedCount, 1);
+    }
+
+    TEST_F(Picking, ListsWholeRecordsOfAFractionalCount)
+    {
+        files.openRaces(eightRaces().substr(0, 3 * 84 + 83));
+        EXPECT_EQ(files.items("List1").size(), 3U);
+        selectRow(3);
+        EXPECT_EQ(files.items("List1").size(), 3U);
+        EXPECT_EQ(marks(), "     1");
+    }
+
+    TEST_F(Picking, TakesTheFlagsOfADamagedRecordInTheirOrder)
+    {
+        std::string bytes = eightRaces().substr(0, 3 * 84);
+        bytes.replace(18, 6, "X  X  ");         // two: the last one stays on
+        bytes.replace(84 + 18, 6, "x     ");    // another letter is no mark
+        bytes.replace(168 + 18, 6, "      ");   // none
+        files.openRaces(bytes);
+        setChosen(files.row(1).Option5, true);
+        setChosen(files.row(2).Option6, true);
+        for (int row = 1; row <= 3; ++row)
+            selectRow(row);
+        EXPECT_TRUE(files.row(0).Option4.chosen);
+        EXPECT_FALSE(files.row(0).Option1.chosen);
+        EXPECT_TRUE(files.row(1).Option5.chosen);
+        EXPECT_TRUE(files.row(2).Option6.chosen);
+    }
+
     TEST(PickingFromALongFile, FaultsWhileTheListIsBuiltAnew)
     {
         OpenFiles files;

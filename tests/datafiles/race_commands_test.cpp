@@ -8,6 +8,7 @@
 
 #include "datafiles/race_record.h"
 #include "hex_records.h"
+#include "listed_races.h"
 #include "open_files.h"
 #include "support/case_name.h"
 #include "support/file_size_limit.h"
@@ -18,19 +19,6 @@ namespace
     using testing::ElementsAre;
     using testing::HasSubstr;
     using testing::IsEmpty;
-
-    const std::string parkrunLine = "    1   0   19   20.5       5           X              Parkrun, wet   ";
-    const std::string blankLine(70, ' ');
-    const std::string zeroLine = "    0   0    0      0       0" + std::string(41, ' ');
-
-    /// A file of that many races, each with its number, and its number of minutes.
-    std::string manyRaces(int count)
-    {
-        std::string bytes;
-        for (int n = 1; n <= count; ++n)
-            bytes += bytesOf(recordOf({std::to_string(n), "", std::to_string(n), "", "5", 3, "race"}));
-        return bytes;
-    }
 
     TEST(OpenNew, WithoutANameAsksForOne)
     {
@@ -134,7 +122,8 @@ namespace
                                              LengthCase{"one_race", 84, "2", 1},
                                              LengthCase{"one_byte_over", 85, "2.01190476190476", 1},
                                              LengthCase{"two_races", 168, "3", 2},
-                                             LengthCase{"as_many_as_there_is_room_for", 84U * 99, "100", 99}),
+                                             LengthCase{"as_many_as_there_is_room_for", 84U * 99, "100", 99},
+                                             LengthCase{"one_more", 84U * 100, "101", 99}),
                              byName);
 
     TEST(OpenExisting, OfAnEmptyFileListsARaceOfZeros)
@@ -241,7 +230,7 @@ namespace
             EXPECT_THAT(files.events(), ElementsAre(HasSubstr("can't be opened: " + GetParam().why + "."))) << button;
             EXPECT_FALSE(files.isMarkedOpen());
             EXPECT_THAT(files.items("List1"), ElementsAre(parkrunLine));
-            files.type("Text9", "1");
+            files.type("Text9", "");   // which no race could have
             files.click("Command1");
             EXPECT_THAT(files.events(), ElementsAre("message: No race file is open."));
         }
@@ -251,8 +240,101 @@ namespace
     INSTANTIATE_TEST_SUITE_P(ByHand, CannotOpen,
                              testing::Values(NoFile{"no_folder", "none/ann.vtc", "No such file or directory"},
                                              NoFile{"a_file_as_folder", "races.vtc\\ann.vtc", "Not a directory"},
-                                             NoFile{"too_long", std::string(300, 'x') + ".vtc", "File name too long"}),
+                                             NoFile{"too_long", std::string(300, 'x') + ".vtc", "File name too long"},
+                                             NoFile{"nowhere",
+                                                    std::string(100, 'x') + "/" + std::string(200, 'y') + "/ann.vtc",
+                                                    "No such file or directory"}),
                              byName);
+
+    TEST(OpenExisting, TakesALongPath)
+    {
+        OpenFiles files;
+        const std::string deep = std::string(200, 'a') + "/" + std::string(200, 'b');
+        fs::create_directories(files.at(deep));
+        writeBytes(files.at(deep + "/races.vtc"), parkrun());
+        files.type("Text6", deep + "\\races.vtc");
+        files.click("Command4");
+        EXPECT_THAT(files.items("List1"), ElementsAre(parkrunLine));
+    }
+
+    TEST(OpenExisting, TakesABlankForAName)
+    {
+        OpenFiles files;
+        files.type("Text6", " ");
+        files.click("Command4");
+        EXPECT_THAT(files.events(), IsEmpty());
+        EXPECT_TRUE(fs::exists(files.at(" ")));
+        files.click("Command2");
+        EXPECT_TRUE(fs::exists(files.at(" .vtc")));
+    }
+
+    TEST(Messages, HaveTitlesWhereSomethingFailed)
+    {
+        OpenFiles files;
+        files.type("Text6", "none/ann.vtc");
+        files.click("Command4");
+        ASSERT_EQ(files.outside.messages.size(), 1U);
+        EXPECT_EQ(files.outside.messages.back().title, "File not opened");
+        files.openRaces(parkrun());
+        {
+            const FileSizeLimit full(100);
+            files.click("Command1");
+        }
+        EXPECT_EQ(files.outside.messages.back().title, "Race not written");
+        files.choose("persdat");
+        files.type("Text6", "none/ann");
+        files.click("Command2");
+        EXPECT_EQ(files.outside.messages.back().title, "Data not saved");
+        files.click("Command4");
+        EXPECT_EQ(files.outside.messages.back().title, "File not opened");
+    }
+
+    TEST(Buttons, AreEnabledStepByStep)
+    {
+        OpenFiles files;
+        // Add, Open New, Select, Omit, Replace: a letter for each that is enabled; and "open" for the mark
+        const auto enabled = [&files] {
+            std::string letters;
+            for (const auto& [button, letter] : std::vector<std::pair<const char*, char>>{
+                     {"Command1", 'A'}, {"Command2", 'N'}, {"Command5", 'S'}, {"Command7", 'O'}, {"Command8", 'R'}})
+                if (files.isEnabled(button))
+                    letters += letter;
+            return letters + (files.isMarkedOpen() ? " open" : "");
+        };
+        EXPECT_EQ(enabled(), "");
+        files.click("Command4");   // without a name
+        EXPECT_EQ(enabled(), "");
+        files.type("Text6", "races.vtc");
+        EXPECT_EQ(enabled(), "N");
+        writeBytes(files.at("races.vtc"), manyRaces(3));
+        files.click("Command4");
+        EXPECT_EQ(enabled(), "AN open");
+        files.pick("List1", 0);
+        EXPECT_EQ(enabled(), "ANSR open");
+        files.click("Command5");
+        EXPECT_EQ(enabled(), "ANSOR open");
+        files.click("Command7");   // nothing is clicked in the new list, but listRow stays
+        EXPECT_EQ(enabled(), "ANSOR open");
+        files.outside.answers = {true};
+        files.click("Command8");
+        EXPECT_EQ(enabled(), "ANSO open");
+        files.click("Command1");
+        EXPECT_EQ(enabled(), "ANSO open");
+        files.click("Command2");   // the same file, for the name has its ending
+        EXPECT_EQ(enabled(), "ANSO open");
+        files.choose("persdat");
+        EXPECT_EQ(enabled(), "ANSO open");
+        files.click("Command2");   // closes the race file, and leaves Add
+        EXPECT_EQ(enabled(), "ANSO");
+        files.type("Text6", "none/x");
+        EXPECT_EQ(enabled(), "NSO");
+        files.choose("races");
+        files.click("Command4");   // can't be opened, and Add is enabled before that
+        EXPECT_EQ(enabled(), "ANSO");
+        files.close();
+        files.open();
+        EXPECT_EQ(enabled(), "");
+    }
 
     TEST(OpenExisting, TakesNothingButFiles)
     {
@@ -348,6 +430,46 @@ namespace
         EXPECT_EQ(hexOf(readBytes(files.at("races.vtc"))), hexOf(record));
     }
 
+    TEST(Add, OfEveryByteThereIsShowsBlanksForTheControlBytes)
+    {
+        OpenFiles files;
+        std::string bytes;
+        for (int n = 0; n < 5; ++n)
+        {
+            bytes += parkrun();
+            for (int i = 0; i < 60; ++i)
+                bytes[static_cast<std::size_t>(84 * n + 24 + i)] = static_cast<char>(60 * n + i);
+        }
+        files.openRaces(bytes);
+        ASSERT_EQ(files.items("List1").size(), 5U);
+        EXPECT_EQ(readBytes(files.at("races.vtc")), bytes);
+        std::string shown = bytes;
+        for (char& c : shown)
+            if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F)
+                c = ' ';
+        for (int n = 0; n < 5; ++n)   // what the table holds is typed again
+        {
+            const auto row = static_cast<std::size_t>(n);
+            files.enterRace("", "19", "20.5", "5", "Option3",
+                            std::get<std::string>(files.races().raceTable[row + 1][12]));
+            files.type("Text9", std::to_string(n + 1));
+            files.click("Command1");
+            EXPECT_EQ(hexOf(readBytes(files.at("races.vtc")).substr(row * 84 + 24, 60)),
+                      hexOf(shown.substr(row * 84 + 24, 60)));
+        }
+        EXPECT_THAT(files.events(), IsEmpty());
+    }
+
+    TEST(Add, KeepsControlCharactersOfAComment)
+    {
+        OpenFiles files;
+        files.openRaces(parkrun());
+        files.enterRace("", "19", "20.5", "5", "Option3", "a\tb\x7f");
+        files.click("Command1");
+        EXPECT_EQ(readBytes(files.at("races.vtc")).substr(84 + 24, 5), "a\tb\x7f ");
+        EXPECT_TRUE(files.items("List1").back().ends_with("  a b" + std::string(12, ' ')));
+    }
+
     TEST(Write, ThatFailsLeavesWhatWasThere)
     {
         OpenFiles files;
@@ -380,7 +502,7 @@ namespace
             files.click("Command1");
         }
         EXPECT_THAT(files.events(), ElementsAre(HasSubstr("could not be written")));
-        EXPECT_EQ(readBytes(files.at("races.vtc")).size(), 168U);
+        EXPECT_EQ(hexOf(readBytes(files.at("races.vtc"))), hexOf(manyRaces(2)));
     }
 
     TEST(Write, ToAFileThatIsGoneIsTold)
@@ -389,8 +511,26 @@ namespace
         files.openRaces(parkrun());
         fs::remove(files.at("races.vtc"));
         files.click("Command1");
-        EXPECT_THAT(files.events(), ElementsAre(HasSubstr("No such file or directory")));
+        EXPECT_THAT(files.events(),
+                    ElementsAre("message: The race could not be written to " + files.at("races.vtc").string() +
+                                ": the file has been removed or replaced since it was opened; open it again."));
         EXPECT_EQ(files.items("List1").size(), 1U);
+        EXPECT_FALSE(fs::exists(files.at("races.vtc")));
+    }
+
+    TEST(Write, ToAFileThatHasBeenReplacedIsTold)
+    {
+        OpenFiles files;
+        files.openRaces(parkrun());
+        writeBytes(files.at("newer"), manyRaces(3));
+        fs::rename(files.at("newer"), files.at("races.vtc"));
+        files.click("Command1");
+        EXPECT_THAT(files.events(), ElementsAre(HasSubstr("removed or replaced since it was opened")));
+        EXPECT_EQ(readBytes(files.at("races.vtc")), manyRaces(3));
+        files.click("Command4");
+        files.click("Command1");
+        EXPECT_THAT(files.events(), IsEmpty());
+        EXPECT_EQ(readBytes(files.at("races.vtc")).size(), 84U * 4);
     }
 
     TEST(Write, ToAFileThatMayOnlyBeReadIsTold)
@@ -407,117 +547,5 @@ namespace
         EXPECT_THAT(files.events(), ElementsAre(HasSubstr("could not be written to " + files.at("races.vtc").string() +
                                                           ": Permission denied.")));
         EXPECT_EQ(readBytes(files.at("races.vtc")), parkrun());
-    }
-
-    TEST(Replace, AsksWithTheRowThatWasClicked)
-    {
-        OpenFiles files;
-        files.openRaces(manyRaces(3));
-        files.pick("List1", 1);
-        EXPECT_EQ(files.text("Text7"), "2");
-        files.type("Text7", "3");
-        files.click("Command8");
-        EXPECT_THAT(files.events(), ElementsAre("question: This action will replace race number 2.  Do you wish to "
-                                                "continue?"));
-        EXPECT_EQ(readBytes(files.at("races.vtc")), manyRaces(3));
-        EXPECT_TRUE(files.isEnabled("Command8"));
-    }
-
-    TEST(Replace, WritesAndOpensTheFileAnew)
-    {
-        OpenFiles files;
-        files.openRaces(manyRaces(3));
-        files.pick("List1", 0);
-        files.click("Command5");
-        files.pick("List1", 0);
-        files.enterRace("", "19", "20.5", "5", "Option3", "Parkrun, wet");
-        files.outside.answers = {true};
-        files.click("Command8");
-        EXPECT_EQ(readBytes(files.at("races.vtc")), parkrun() + manyRaces(3).substr(84));
-        EXPECT_EQ(files.items("List1").size(), 3U);
-        EXPECT_EQ(files.items("List1").front(), parkrunLine);
-        EXPECT_FALSE(files.isEnabled("Command8"));
-        EXPECT_EQ(files.races().nextSlot, 0);
-        EXPECT_EQ(files.races().pickedCount, 0);
-        EXPECT_EQ(files.races().pickOrder[1], 1);
-        EXPECT_EQ(files.text("Text9"), "4");
-    }
-
-    TEST(Replace, BeyondTheLastRaceAsksNothing)
-    {
-        OpenFiles files;
-        files.openRaces(manyRaces(2));
-        files.pick("List1", 0);
-        files.type("Text7", "4");
-        files.enterRace("", "1", "", "5", "Option3", "");
-        files.click("Command8");
-        EXPECT_THAT(files.events(), IsEmpty());
-        EXPECT_EQ(fs::file_size(files.at("races.vtc")), 336U);
-        EXPECT_EQ(files.items("List1").size(), 4U);
-    }
-
-    TEST(Replace, WithANumberThatIsNoneAsksAndFaults)
-    {
-        OpenFiles files;
-        files.openRaces(parkrun());
-        files.pick("List1", 0);
-        for (const char* number : {"0", "", "-1"})
-        {
-            files.type("Text7", number);
-            files.outside.answers = {true};
-            files.click("Command8");
-            EXPECT_THAT(files.events(), ElementsAre(HasSubstr("question"), HasSubstr("fault"))) << number;
-        }
-        files.type("Text7", "40000");
-        files.click("Command8");
-        EXPECT_THAT(files.events(),
-                    ElementsAre("fault: The calculation stopped: a race number outside 1 to 32767 while "
-                                "replacing a race of the race file."));
-        EXPECT_EQ(readBytes(files.at("races.vtc")), parkrun());
-    }
-
-    TEST(Replace, AfterOpenNewOpensTheNameAsTyped)
-    {
-        OpenFiles files;
-        files.type("Text6", "ann");
-        files.click("Command2");
-        files.enterRace("", "19", "20.5", "5", "Option3", "Parkrun, wet");
-        files.click("Command1");
-        files.pick("List1", 0);
-        files.outside.answers = {true};
-        files.click("Command8");
-        EXPECT_EQ(readBytes(files.at("ann.vtc")), parkrun());
-        EXPECT_EQ(readBytes(files.at("ann")), "");
-        EXPECT_THAT(files.items("List1"), ElementsAre(zeroLine));
-    }
-
-    TEST(Replace, WithoutAnOpenFileIsTold)
-    {
-        OpenFiles files;
-        files.openRaces(parkrun());
-        files.pick("List1", 0);
-        files.type("Text6", "other");
-        files.outside.answers = {true};
-        files.click("Command8");
-        EXPECT_THAT(files.events(), ElementsAre(HasSubstr("question"), "message: No race file is open."));
-    }
-
-    TEST(AddedRace, ReachesItsRowOnlyWhenTheFileIsOpenedAgain)
-    {
-        OpenFiles files;
-        files.openRaces(manyRaces(1));
-        files.enterRace("", "19", "20.5", "5", "Option3", "Parkrun, wet");
-        files.click("Command1");
-        EXPECT_TRUE(files.items("List1").back().ends_with("Parkrun, wet   "));
-        files.pick("List1", 0);
-        files.click("Command5");
-        EXPECT_EQ(files.items("List1").back(), blankLine);
-        files.pick("List1", 1);
-        files.click("Command5");
-        EXPECT_EQ(files.row(1).Text2.text, "");
-        EXPECT_TRUE(files.row(1).Check1.ticked);
-        EXPECT_EQ(files.items("List1").back(), " 2" + std::string(68, ' '));
-        files.click("Command4");
-        EXPECT_TRUE(files.items("List1").back().ends_with("Parkrun, wet   "));
     }
 }

@@ -116,7 +116,13 @@ namespace
     TEST(CodePage, ShowsControlCharactersAsBlanks)
     {
         EXPECT_EQ(textOfCodePage(std::string("a\0b\tc\x7f", 6)), "a b c ");
-        EXPECT_EQ(codePageOf("a\tb\r\nc"), "a b  c");
+    }
+
+    TEST(CodePage, KeepsControlCharactersWhereTheyAreStored)
+    {
+        for (int byte = 0; byte < 0x20; ++byte)
+            EXPECT_EQ(codePageOf(std::string(1, static_cast<char>(byte))), std::string(1, static_cast<char>(byte)));
+        EXPECT_EQ(codePageOf("a\tb\r\nc\x7f"), "a\tb\r\nc\x7f");
     }
 
     TEST(CodePage, KeepsEveryByteThatShows)

@@ -128,6 +128,12 @@ namespace
         EXPECT_THAT(advice("estimating the maximum heart rate"), HasSubstr("age"));
         EXPECT_THAT(advice("rating the time over 400 m"), HasSubstr("comparison level"));
         EXPECT_THAT(advice("reading a heart rate"), HasSubstr("heart rate"));
+        EXPECT_THAT(advice("reading line 2 of the personal data file"),
+                    HasSubstr("The values before that line are on the main form"));
+        EXPECT_THAT(advice("adding a race to the race file"), HasSubstr("A race number is 1 to 32767"));
+        EXPECT_THAT(advice("adding a race to the race file"), HasSubstr("times and distances go up to 3.4E+38"));
+        EXPECT_THAT(advice("listing race 100 of the race file"), HasSubstr("room for 99 races"));
+        EXPECT_THAT(advice("replacing a race of the race file"), HasSubstr("What the file held before is still there"));
         EXPECT_THAT(advice("fitting the race over 5000 m"), HasSubstr("race"));
         EXPECT_THAT(advice("putting the curve together from the races"), HasSubstr("Try fewer races"));
     }

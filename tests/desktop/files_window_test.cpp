@@ -144,6 +144,17 @@ namespace
         EXPECT_TRUE(folders.hasFocus());
     }
 
+    TEST_F(FilesWindow, MakesADriveTheCurrentOneByTheKeyboard)
+    {
+        QListWidget& drives = list("Drive1");
+        drives.setFocus();
+        QTest::keyClick(&drives, Qt::Key_Home);
+        EXPECT_EQ(drives.currentRow(), 0);
+        EXPECT_EQ(open.program.currentFolder, folder.path());
+        QTest::keyClick(&drives, Qt::Key_Return);
+        EXPECT_EQ(open.program.currentFolder, "/");
+    }
+
     TEST_F(FilesWindow, MakesADriveTheCurrentOne)
     {
         const int root = list("Drive1").row(list("Drive1").findItems("/", Qt::MatchExactly).value(0));
@@ -168,8 +179,11 @@ namespace
         EXPECT_TRUE(items("List1")[1].starts_with(" 1  2 "));
         find<QLineEdit>("Text2").setFocus();
         QTest::keyClicks(window->focusWidget(), "18");
-        QTest::keyClick(window->focusWidget(), Qt::Key_Return);   // adds the race
-        EXPECT_EQ(list("List1").count(), 4);
+        QTest::keyClick(window->focusWidget(), Qt::Key_Return);   // writes nothing
+        EXPECT_EQ(list("List1").count(), 3);
+        EXPECT_EQ(fs::file_size(at("a.vtc")), 3U * 84);
+        QTest::keyClick(window->focusWidget(), Qt::Key_A, Qt::AltModifier);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return list("List1").count() == 4; }));
         EXPECT_EQ(fs::file_size(at("a.vtc")), 4U * 84);
         EXPECT_TRUE(open.told.events.empty()) << testing::PrintToString(open.told.events);
     }
@@ -285,6 +299,27 @@ namespace
         press(1);
         press(0);
         EXPECT_EQ(clicked, (std::vector<int>{1, 1, 1, 0}));
+    }
+
+    TEST_F(OneList, FiresForTheSpaceBarOnTheSelectedItemToo)
+    {
+        bind();
+        widget->setFocus();
+        widget->setCurrentRow(1, QItemSelectionModel::NoUpdate);
+        QTest::keyClick(widget, Qt::Key_Space);
+        QTest::keyClick(widget, Qt::Key_Space);
+        QTest::keyClick(widget, Qt::Key_Space, Qt::ShiftModifier);
+        EXPECT_EQ(clicked, (std::vector<int>{1, 1}));
+    }
+
+    TEST_F(OneList, ThatIsEnteredTakesTheItemWithTheFocusMarkedOrNot)
+    {
+        record.entered = true;
+        bind();
+        widget->setFocus();
+        widget->setCurrentRow(2, QItemSelectionModel::NoUpdate);
+        QTest::keyClick(widget, Qt::Key_Return);
+        EXPECT_EQ(clicked, (std::vector<int>{2}));
     }
 
     TEST_F(OneList, FiresNothingForAnotherButtonOnTheSelectedItem)

@@ -73,6 +73,7 @@ namespace
         }
         std::vector<std::string> operator()(const OptionButton*) const { return {"click"}; }
         std::vector<std::string> operator()(const Button*) const { return {"click"}; }
+        std::vector<std::string> operator()(const ListBox*) const { return {"click"}; }
         std::vector<std::string> operator()(const MenuItem* item) const
         {
             return item->clicked ? std::vector<std::string>{"click"} : std::vector<std::string>{};

@@ -15,6 +15,7 @@ namespace
     namespace fs = std::filesystem;
 
     constexpr std::size_t plenty = 1000;
+    constexpr const char* gone = "the file has been removed or replaced since it was opened; open it again";
 
     TEST(ReadFile, ReadsEveryByte)
     {
@@ -216,7 +217,25 @@ namespace
         HeldFile file;
         ASSERT_EQ(file.open(folder.path / "file"), std::nullopt);
         fs::remove(folder.path / "file");
-        EXPECT_EQ(file.write(0, "x"), "No such file or directory");
+        EXPECT_EQ(file.write(0, "x"), gone);
+        writeBytes(folder.path / "file", "another");
+        EXPECT_EQ(file.write(0, "x"), gone);
+        EXPECT_EQ(readBytes(folder.path / "file"), "another");
+        EXPECT_EQ(file.open(folder.path / "file"), std::nullopt);
+        EXPECT_EQ(file.write(0, "x"), std::nullopt);
+    }
+
+    TEST(WhyUnread, TellsWhatThereIsInstead)
+    {
+        const ScratchFolder folder;
+        writeBytes(folder.path / "file", "old");
+        ASSERT_EQ(mkfifo((folder.path / "pipe").c_str(), 0600), 0);
+        EXPECT_EQ(whyUnread(folder.path / "file"), std::nullopt);
+        EXPECT_EQ(whyUnread(folder.path), "Is a directory");
+        EXPECT_EQ(whyUnread(folder.path / "pipe"), "It is no file");
+        EXPECT_EQ(whyUnread("/dev/zero"), "It is no file");
+        EXPECT_EQ(whyUnread(folder.path / "none"), "No such file or directory");
+        EXPECT_EQ(whyUnread(folder.path / "file" / "file"), "Not a directory");
     }
 
     RC_GTEST_PROP(ReplaceFile, IsReadBackByteForByte, (const std::string& bytes))

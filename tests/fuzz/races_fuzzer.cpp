@@ -1,3 +1,4 @@
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -24,6 +25,12 @@ namespace
         std::abort();
     }
 
+    bool hasNoNumber(const RaceRecord& record)
+    {
+        return !std::isfinite(record.hours) || !std::isfinite(record.minutes) || !std::isfinite(record.seconds) ||
+               !std::isfinite(record.distance);
+    }
+
     void readRecords(std::string_view bytes)
     {
         constexpr auto length = static_cast<std::size_t>(raceRecordLength);
@@ -38,7 +45,7 @@ namespace
             }
             catch (const ArithmeticFault&)
             {
-                check(true, "a number that is none");
+                check(hasNoNumber(record), "a record of numbers is refused");
             }
         }
     }

@@ -8,12 +8,21 @@
 
 #include "console/drive.h"
 #include "forms/files.h"
+#include "support/scratch_folder.h"
 
 // Bytes as a form script: whatever it says, it ends with status 0 or 2 and with whole lines of JSON.
 
-/// In this program no file can be made, so that a script can't leave its settings anywhere: every file that is
-/// replaced is first made beside its target by this function.
+// In this program no file can be made or written, so that a script can leave neither settings nor races anywhere. Every
+// file that is replaced is first made beside its target by the first function, and every file that is written in place is
+// opened by the second.
+
 extern "C" int mkstemp(char* /*path*/)
+{
+    errno = EROFS;
+    return -1;
+}
+
+int openToWrite(const char* /*path*/, int /*flags*/)
 {
     errno = EROFS;
     return -1;
@@ -35,6 +44,13 @@ namespace
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/)
 {
     check(replaceFile("vantini.txt", "").has_value(), "scripts could write files");
+    const ScratchFolder folder;
+    writeBytes(folder.path / "races.vtc", "races");
+    HeldFile file;
+    check(file.open(folder.path / "none.vtc").has_value(), "scripts could make race files");
+    check(!file.open(folder.path / "races.vtc").has_value(), "scripts could not read race files");
+    check(file.write(0, "x").has_value() && readBytes(folder.path / "races.vtc") == "races",
+          "scripts could write race files");
     return 0;
 }
 

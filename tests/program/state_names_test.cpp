@@ -161,6 +161,22 @@ namespace
         EXPECT_EQ(racesOf("rowTime"), (std::vector<double>{2400, 1140, 1800}));
     }
 
+    TEST(StateNames, OfPicksReachToTheLastMark)
+    {
+        MainForm main;
+        RaceFileState& file = main.state().raceFile;
+        const auto picks = [&] { return std::get<std::vector<double>>(findStateName("pickOrder")->get(main.state())); };
+        EXPECT_EQ(picks(), (std::vector<double>{0}));
+        file.raceCount = 3.5;
+        EXPECT_EQ(picks().size(), 4U);
+        file.pickOrder[6] = 2;   // of a longer file before
+        EXPECT_EQ(picks(), (std::vector<double>{0, 0, 0, 0, 0, 0, 2}));
+        file.pickOrder[99] = 1;
+        EXPECT_EQ(picks().size(), 100U);
+        file.raceCount = 1e6;
+        EXPECT_EQ(picks().size(), 100U);
+    }
+
     struct Let
     {
         std::string name;
@@ -207,5 +223,18 @@ namespace
     {
         for (const char* name : {"rowTime", "rowDist", "entryTime", "entryDist", "fitTime", "tableDist", "tableTimes"})
             EXPECT_FALSE(findStateName(name)->let) << name;
+    }
+
+    TEST(Letting, SomeSingleValuesAreReadOnlyAsTheGuideSays)
+    {
+        std::string names;
+        for (const StateName& entry : stateNames())
+        {
+            const StateValue value = entry.get(ModelState());
+            if (!entry.let && (std::holds_alternative<double>(value) || std::holds_alternative<int>(value) ||
+                               std::holds_alternative<std::string>(value)))
+                names += " " + std::string(entry.name);
+        }
+        EXPECT_EQ(names, " analysisMode pointCount fileRaceCount nextSlot pickedCount listRow");
     }
 }
