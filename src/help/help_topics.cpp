@@ -48,9 +48,9 @@ namespace
             paragraph.lines.back() += ' ' + std::string(line.substr(line.find_first_not_of(' ')));
     }
 
-    constexpr std::array<std::string_view, 22> unitNames{
-        "m",     "km",   "km/h", "m/s", "miles", "mph",    "minutes",   "seconds", "percent", "%", "beats",
-        "watts", "kcal", "kg",   "lb",  "in",    "pounds", "ml/kg/min", "F",       "C",       "a", "per"};
+    constexpr std::array<std::string_view, 21> unitNames{
+        "m",     "km",   "km/h", "m/s", "miles",  "mph",       "minutes", "seconds", "percent", "%",  "beats",
+        "watts", "kcal", "kg",   "lb",  "pounds", "ml/kg/min", "F",       "C",       "a",       "per"};
 
     bool isDigit(char letter)
     {
