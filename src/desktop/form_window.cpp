@@ -33,6 +33,15 @@ namespace
             font.setStretch(percent);
         return font;
     }
+
+    /// Styles give a button more room than a short text needs. One that has to stand at a place of its own is as wide as
+    /// its text, in whatever font.
+    int widthOfText(const QPushButton& button)
+    {
+        constexpr int besideText = 16;   // frame and margins
+        const int text = button.fontMetrics().size(Qt::TextShowMnemonic, button.text()).width();
+        return std::max(button.minimumWidth(), text + besideText);
+    }
 }
 
 FormWindow::FormWindow(Layout layOut)
@@ -41,6 +50,9 @@ FormWindow::FormWindow(Layout layOut)
     for (QWidget* widget : findChildren<QWidget*>())
         if (widget->property("fixedPitch").toBool())
             widget->setFont(columnFont(*widget));
+    for (QPushButton* button : findChildren<QPushButton*>())
+        if (button->property("asWideAsText").toBool())
+            button->setFixedWidth(widthOfText(*button));
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
         connect(new QShortcut(key, this), &QShortcut::activated, this, &FormWindow::pressWithEnter);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);

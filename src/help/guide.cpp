@@ -40,8 +40,9 @@ namespace
         "Help button of the window that it tells about, behind F1, and in the index (\"Help\" in the menu \"Help\").\n"
         "\n"
         "Unless an example says otherwise its runner is the same throughout: a man of 40 who runs 30 miles (48 km) a\n"
-        "week, has run 10 km in 40:00, and has a maximum heart rate of 185 and a resting heart rate of 50. Enter him\n"
-        "yourself, and you can follow every number. The pictures show the runner of the starter settings.\n"
+        "week, weighs 160 lb (72.6 kg), is 70 in tall, has run 10 km in 40:00, and has a maximum heart rate of 185\n"
+        "and a resting heart rate of 50; \"Use all data\", comparison level 100. Enter him yourself, and you can\n"
+        "follow every number. The pictures show the runner of the starter settings.\n"
         "\n"
         "![The index of the help](images/help-index.png)\n";
 

@@ -48,6 +48,50 @@ namespace
             paragraph.lines.back() += ' ' + std::string(line.substr(line.find_first_not_of(' ')));
     }
 
+    constexpr std::array<std::string_view, 21> unitNames{
+        "m",     "km",   "km/h", "m/s", "miles",  "mph",       "minutes", "seconds", "percent", "%",  "beats",
+        "watts", "kcal", "kg",   "lb",  "pounds", "ml/kg/min", "F",       "C",       "a",       "per"};
+
+    bool isDigit(char letter)
+    {
+        return letter >= '0' && letter <= '9';
+    }
+
+    std::string_view withoutPunctuation(std::string_view word)
+    {
+        word.remove_prefix(std::min(word.find_first_not_of("(\"-"), word.size()));
+        return word.substr(0, word.find_last_not_of(".,;:?!)\"") + 1);
+    }
+
+    /// Whether a line must not end between two words: a number and its unit.
+    bool isNumberWithUnit(std::string_view word, std::string_view next)
+    {
+        const std::string_view number = withoutPunctuation(word);
+        return !number.empty() && isDigit(number.front()) && isDigit(word.back()) &&
+               std::find(unitNames.begin(), unitNames.end(), withoutPunctuation(next)) != unitNames.end();
+    }
+
+    /// How many characters of the text belong to the quote that its first word begins; 0 where it begins none.
+    std::size_t quoteLength(std::string_view text)
+    {
+        const std::size_t open = text.find('"');
+        if (open > text.find(' '))
+            return 0;
+        const std::size_t close = text.find('"', open + 1);
+        return close == std::string_view::npos ? 0 : std::min(text.find(' ', close), text.size());
+    }
+
+    /// How many characters of the text a line takes or leaves as a whole.
+    std::size_t unbrokenLength(std::string_view text, std::size_t columns)
+    {
+        if (const std::size_t quote = quoteLength(text); quote > 0 && quote <= columns / 2)
+            return quote;
+        const std::size_t end = std::min(text.find(' '), text.size());
+        const std::string_view rest = text.substr(std::min(end + 1, text.size()));
+        const std::string_view next = rest.substr(0, rest.find(' '));
+        return !next.empty() && isNumberWithUnit(text.substr(0, end), next) ? end + 1 + next.size() : end;
+    }
+
     std::string inCapitals(std::string words)
     {
         std::transform(words.begin(), words.end(), words.begin(),
@@ -125,7 +169,7 @@ std::vector<std::string> brokenWords(const std::string& first, std::string_view 
     bool empty = true;   // of words
     while (!words.empty())
     {
-        const std::size_t end = std::min(words.find(' '), words.size());
+        const std::size_t end = unbrokenLength(words, columns);
         if (!empty && line.size() + 1 + end > columns)
         {
             lines.push_back(line);

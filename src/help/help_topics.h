@@ -59,7 +59,8 @@ struct HelpParagraph
 /// its margins and a scroll bar.
 [[nodiscard]] int helpColumns(double width);
 
-/// Words as lines of at most so many characters. A word that is longer has a line of its own.
+/// Words as lines of at most so many characters. A number and its unit stay together, and so do the words of a caption in
+/// quotes that is not longer than half a line. What is longer than a line has one of its own.
 ///   first  what the first line begins with; the others begin with as many blanks
 [[nodiscard]] std::vector<std::string> brokenWords(const std::string& first, std::string_view words,
                                                    std::size_t columns);

@@ -32,7 +32,7 @@ const std::vector<std::string>& referenceLines()
         "",
         "Murray, F. W. (1967): On the computation of saturation vapor pressure.",
         "  Journal of Applied Meteorology 6, 203-204.",
-        "  Saturation vapour pressure over water, with its inverse and the dew point.",
+        "  Saturation vapor pressure over water, with its inverse and the dew point.",
         "",
         "Tanaka, H., K. D. Monahan and D. R. Seals (2001): Age-predicted maximal heart rate revisited.",
         "  Journal of the American College of Cardiology 37, 153-156.",

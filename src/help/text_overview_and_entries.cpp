@@ -17,8 +17,9 @@ On top of that balance stand a few corrections that races show: the seconds that
 cost of a sprint, a small dip over the middle distances, and the fade in long races. The fade is where training
 counts most: the more you run in a week, the less you fade in a marathon.
 
-Two races settle your curve by themselves. One race alone can't, so that your weekly distance decides: the program
-looks for the curve whose level and best distance would typically go with just that much training.
+Two races settle the shape of your curve with "Fit best two"; with "Use all data" your training still has a say. In
+both it decides the fade of a long race. One race alone settles nothing, so that your weekly distance decides: the
+program looks for the curve whose level and best distance would typically go with just that much training.
 
 # Where to begin
 
@@ -44,11 +45,13 @@ itself, for in so long a race he fades.
 # On printing
 
 "Full report" in the menu "Print" prints who you are, your races, your predicted times over thirty distances and the
-training analysis. "Text file of full report" writes the same to the file "fulltext.txt". Both wait for a first
-table. The program asks for the printer and shows the pages first; without a printer choose a PDF file.
+training analysis. "Text file of full report" writes the same to the file "fulltext.txt" in the current folder. The
+message names the folder where the program was started, which can be another once "Data File Access" has been to other
+folders. Both wait for a first table. The program shows the pages first; print from there. Without a printer choose a
+PDF file.
 
-Forms with a "Print" button print as they look on the screen, on white paper and without their buttons. Every graph
-can be copied or saved as a picture, and every table copied or saved, with the right mouse button.
+Forms with a "Print" button print as they look on the screen, on white paper and without most of their buttons. Every
+graph can be copied or saved as a picture, and nearly every table copied or saved, with the right mouse button.
 
 # Its limits
 
@@ -79,35 +82,41 @@ that of a longer one can't be your best, and is left out with a message.
   these two alone. It needs two races.
 
 A message tells when a row has no time, no distance, or a speed that can't be right, and when your races are so
-short or so long that the other end of the table is uncertain. "Clear" empties the rows and sets them to meters.
+short or so long that the other end of the table is uncertain. "Clear" empties the rows, sets them to meters and
+empties the table; the other forms go on with the old curve.
 
 # About you
 
+- Name is for the report.
 - Age counts a little like extra training where one race has to do. With "Use age-based comparisons" records and
   levels are those of your age.
 - Sex chooses the record curve, and the fade in long races: women fade less.
 - Weekly training volume, in miles, decides how you fade in long races. With one race it decides your whole curve.
   Give the usual week of the last few months, not the best one.
+- With two or more races age and miles act on the curve through "Use all data" alone, and miles also through the fade.
 - Comparison level is what the Record column shows, in percent: at 100 the record, at 80 what a runner of level 80
   would run. At 0 there is nothing to show, and the calculation stops.
 - Weight and height count for wind, hills, power and heat, not for this table.
 - Maximum and resting heart rate count for the training analysis, which asks for both. The estimate beside them goes
   by age and sex; a rate that you have measured is always better.
+- "Metric output" and "English output" choose the distances of the table.
 
 # A worked example
 
-Our runner is a man of 40 with one race, 10 km in 40:00. Watch what his training does to his marathon. On 15 miles a
-week the table promises 4:11:35, on 30 miles 3:37:08, on 50 miles 3:20:04, while the half marathon moves only from
+Our runner is a man of 40 with one race, 10 km in 40:00. Choose "English output" for the marathon and "Metric output"
+for the 10 km; "Use all data" is on. Watch what his training does to his marathon. On 15 miles a week the table promises 4:11:35, on 30 miles 3:37:08, on 50 miles 3:20:04, while the half marathon moves only from
 1:38:09 over 1:33:02 to 1:30:16.
 
 Now he adds a half marathon of 1:32:00. The table, on 30 miles again, now shows 3:33:40 for the marathon and, for
-the 10 km themselves, 39:49: with two races the curve is his own, and it need not pass through each of them exactly.
+the 10 km themselves, 39:49. "Use all data" blends his two races with what his training suggests, so that the curve
+need not pass through both. With "Fit best two" it gives 40:00 and 1:32:00 again, and 3:32:57 for the marathon.
 
 His estimated maximum heart rate, by the way, is 181.
 
 # Its limits
 
-The entries are kept when you close the program. What you type is read as far as it is a number: "40:00" in the
+The entries are kept when you close the program, except the name and the choices in "Graph options". A personal data
+file keeps the name. What you type is read as far as it is a number: "40:00" in the
 field for minutes is 40, but "4o" is 4, and no message tells.
 
 An unusual pair of races, a slow long one beside a fast short one, can push the model to its edge. A message says
@@ -136,7 +145,7 @@ Run your eye down the P.Level column. It rises to your best distance and falls b
 and your training meet today. A race well below its neighbors in level is one that you can do better.
 
 "Graph" draws your pace and the record's, your percentage of it and your level over the whole range, from a sprint
-to an ultramarathon. Its scale and units are in the menu "Graph options".
+to an ultramarathon. Its scale and units are in the menu "Graph options"; press "Graph" again after a change there.
 
 # A worked example
 
@@ -185,6 +194,7 @@ Top_% in the table says the same in another way: the share of runners who are be
 
 This is what a man of level 70 runs, and what share of the record's speed it takes him:
 
+    Distance       Time    Speed
     100 m          12.4     79 %
     800 m          2:21     71 %
     5 km          20:58     60 %

@@ -9,9 +9,10 @@ with them, and a word on the distances that suit you.
 
 - Fully aerobic pace is that of the easy and steady miles which make up most of a runner's week. You can talk, and
   you could go on. It builds the engine: heart, blood vessels, and the muscles' way with fat and oxygen.
-- Anaerobic threshold pace is the fastest at which the body still clears away what it produces, about that of a race
-  of an hour. It is hard but even. Twenty to forty minutes of it at a time, whole or in pieces, are plenty.
-- VO2max pace is that at which your oxygen uptake is at its highest, about that of a race of ten minutes. Run it in
+- Anaerobic threshold pace is the fastest at which the body still clears away what it produces. For a runner like the
+  one below it is about that of a race of forty minutes, for the fastest nearer to that of an hour. It is hard but even.
+  Twenty to forty minutes of it at a time, whole or in pieces, are plenty.
+- VO2max pace is that at which your oxygen uptake is at its highest, about that of a race of eight minutes. Run it in
   efforts of three to five minutes, and a little slower than the pace itself: the analysis gives both ends.
 - Repetitions of 400 m are faster than any of these. They teach speed and economy, and need a good rest between
   them.
@@ -34,6 +35,9 @@ The last lines name the range of distances at which your level is highest now, a
 with such a runner. If you train much less than that, your best distance probably lies higher up, and would show
 itself with more miles; if you train much more, it may lie further down.
 
+With one race alone this says nothing: the fit has chosen the curve that goes with your miles, and the answer is
+"probably near". It needs two races or more.
+
 # A worked example
 
 Our runner is a man of 40 on 30 miles a week who has run 10 km in 40:00. With a maximum heart rate of 185 and 50 at
@@ -48,17 +52,17 @@ rest he is told:
 An easy day is thus one between 8:52 and 7:19 per mile, at 125 to 147 beats. A threshold run has 160 to 169 beats.
 For intervals of 1000 m he would aim at 3:29 to 3:38 per km.
 
-His level peaks at 8.98 km, and his 30 miles a week are typical for a runner like him: his best distance is probably
-where he thinks it is.
+His level peaks at 8.98 km, his 30 miles a week are typical for a runner like him, and the verdict is "probably near
+this value", as it is for one race.
 
 # Its limits
 
 Formulas know averages. If your own threshold or VO2max has been measured, trust the measurement. The heart rates
 are only as good as the maximum that you entered: an estimate by age can be ten beats off.
 
-A runner for whom 5 km take longer than about an hour and a quarter gets the text without the graph, and so does one
-whose maximum heart rate is entered far too low. With age-based comparisons the analysis can't be worked out for
-boys of ten or less and for some people above eighty; switch them off for that.
+A runner for whom 5 km take longer than about an hour and a quarter gets the text without the graph. A maximum heart
+rate entered far too low stops the whole analysis. With age-based comparisons the analysis often can't be worked out
+for boys of ten or less and for some people above eighty; switch them off for that.
 )";
 }
 
@@ -119,10 +123,11 @@ analysis again. The heart rates are those of the highest and lowest moments of a
 first one.
 
 A ratio of 0 stops the calculation, and so do weekly miles of 0, for then there is no standard week. With the
-automatic ratio a row with an empty distance keeps stopping until you type its ratio anew.
+automatic ratio a row with a distance of 0 keeps stopping until you type its ratio anew.
 
-The plan is kept when you close the form, and comes back when you open it, except for the automatic ratio, which
-lasts until the program ends. On opening, the points are a quick preview until you change something.
+The plan is kept, also when you close the program; the automatic ratio only until then. On opening, the splits and
+rests shown are those of 800 m in every row, and the points are far too high. Change anything, and all of it is worked
+out properly.
 )";
 }
 
@@ -135,11 +140,11 @@ what was that set of intervals worth as a race? Enter the splits, and see.
 
 Choose the unit first: a change of unit does not convert what you have typed. Then give each split its distance,
 minutes and seconds, a row a split, up to twenty-seven of them. Rows may be skipped. Every change is worked out at
-once.
+once. Fill in the seconds, if only with a 0: a row without them is not worked out until another one is.
 
 - "D" before a row clears it. "Clear All" clears everything; the results stay until the next split.
-- "Duplicate last two consecutive rows" copies the last two filled rows below them, which is handy for intervals
-  with recoveries. It needs two filled rows to begin with.
+- "Duplicate last two consecutive rows" is handy for intervals with recoveries. It copies the last two rows of the
+  first unbroken block to the two rows below it, over what stands there; its first two rows must be filled.
 - "Import..." reads the laps of a TCX file, or a GPX track. Cells that you copy in a spreadsheet can be pasted.
 - Recoveries are splits like any other: enter the jog with its distance and time.
 

@@ -136,6 +136,21 @@ namespace
         }
     }
 
+    TEST_F(Help, HasRoomForTheTextOfItsButtonInALargerFont)
+    {
+        const QFont usual = QApplication::font();
+        QFont large = usual;
+        large.setPointSizeF(2 * usual.pointSizeF());
+        QApplication::setFont(large);
+        FormWindow& help = show("helpform");
+        QApplication::processEvents();
+        const auto& close = find<QPushButton>(help, "Command1");
+        EXPECT_GT(close.fontMetrics().height(), 1.5 * QFontMetrics(usual).height());
+        EXPECT_GE(close.width(), close.fontMetrics().size(Qt::TextShowMnemonic, close.text()).width() + 12);
+        EXPECT_LE(close.mapTo(&help, QPoint(close.width(), 0)).x(), help.width());
+        QApplication::setFont(usual);
+    }
+
     TEST_F(Help, ShowsEachTopicFromItsBeginningAndCutsNoLineOff)
     {
         for (const HelpTopic& expected : helpTopics())

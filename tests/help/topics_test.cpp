@@ -123,6 +123,19 @@ namespace
         EXPECT_EQ(brokenWords(" ", "a longword b", 4), (Lines{" a", " longword", " b"}));
     }
 
+    TEST(Lines, KeepNumbersWithTheirUnitsAndCaptionsTogether)
+    {
+        EXPECT_EQ(brokenWords(" ", "run 10 km now", 7), (Lines{" run", " 10 km", " now"}));
+        EXPECT_EQ(brokenWords(" ", "(at 10 km, now)", 9), (Lines{" (at", " 10 km,", " now)"}));
+        EXPECT_EQ(brokenWords(" ", "in 10. It", 7), (Lines{" in 10.", " It"})) << "a sentence ends there";
+        EXPECT_EQ(brokenWords(" ", "age 40 and", 7), (Lines{" age 40", " and"}));
+        EXPECT_EQ(brokenWords(" ", "aa \"bb cc\", dd", 16), (Lines{" aa \"bb cc\", dd"}));
+        EXPECT_EQ(brokenWords(" ", "aaaaaaaaaa \"= L\" dd", 15), (Lines{" aaaaaaaaaa", " \"= L\" dd"}));
+        EXPECT_EQ(brokenWords(" ", "\"bb cc dd ee\" ff", 10), (Lines{" \"bb cc dd", " ee\" ff"}))
+            << "longer than half a line";
+        EXPECT_EQ(brokenWords(" ", "a \"b c", 5), (Lines{" a \"b", " c"})) << "no second quote";
+    }
+
     TEST(Lines, PartParagraphsAndKeepListsTogether)
     {
         const HelpTopic topic{HelpTopicName::savedFiles, "T", 8600, 6600,
