@@ -245,7 +245,7 @@ namespace
         EXPECT_EQ(tables.state().flags.ageCompareForced, 0);
     }
 
-    // A child of 5 has a curve so steep that its column lowers the exponent of the anaerobic store.
+    // At 101 years the curve is so steep that its column lowers the exponent of the anaerobic store.
     TEST(Perflevform, LeavesTheAnaerobicExponentUntilReCalculate)
     {
         Tables tables;
@@ -259,7 +259,7 @@ namespace
         tables.type("Text1", "20");
         tables.click("Command1");
         EXPECT_EQ(anaerobicExp, 0.65);
-        tables.type("Text1", "5");
+        tables.type("Text1", "61");
         tables.click("Command1");
         EXPECT_LT(anaerobicExp, 0.6);
         EXPECT_GE(anaerobicExp, 0.49);
