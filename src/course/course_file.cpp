@@ -61,7 +61,7 @@ namespace
         /// A text that a number can be read from, or a blank one.
         std::string elevation()
         {
-            const std::string line = text();
+            std::string line = text();
             if (wrong.empty() && line.find_first_not_of(' ') != std::string::npos && !beginsWithNumber(line))
                 return refuse("a number is wanted");
             (void)within(line);
@@ -71,7 +71,7 @@ namespace
         /// A text whose number, if it has one, no course exceeds.
         std::string distance()
         {
-            const std::string line = text();
+            std::string line = text();
             (void)within(line);
             return line;
         }
