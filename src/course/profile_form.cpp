@@ -240,10 +240,10 @@ namespace
     {
         form.state.activity = "printing the pace band";
         const std::vector<std::string> band = paceBand(solvedCourse(form), form.minpmi.chosen);
-        if (band.size() > 1)
-            form.outside.printer.printText(band);
-        else
+        if (band.size() < 2)
             form.outside.said.push_back({"There are no splits: the course has not been worked out yet."});
+        else if (form.outside.printer.printText)
+            form.outside.printer.printText(band);
     }
 
     /// The pace of a speed, in the unit chosen and with the multiplier.

@@ -61,7 +61,7 @@ void writeFullReport(Program& program)
     TextPage page;
     printFullReport(program.state, reportEntriesOf(*program.vantstart), page);
     const bool toFile = program.state.flags.reportToFile == 1;
-    if (!toFile)
+    if (!toFile && program.outside.printer.printText)
         program.outside.printer.printText(page.lines);
     renewGraph(program);
     if (toFile)

@@ -252,6 +252,20 @@ namespace
         EXPECT_EQ(findForm(program.program, "graphform"), nullptr);
     }
 
+    TEST(Graphform, StaysAsItIsWithoutAPrinter)
+    {
+        OpenAnalysis program;
+        program.person.click("Command2");
+        const std::size_t drawn = program.graph().primitives.size();
+        program.program.outside.printer = {};
+        program.outside.forget();
+        program.press("graphform", "Command2");
+        EXPECT_TRUE(program.outside.events.empty());
+        EXPECT_EQ(program.graph().primitives.size(), drawn);
+        program.person.click("pfull");
+        EXPECT_TRUE(program.outside.events.empty()) << "nor does the full report";
+    }
+
     TEST(Graphform, KeepsWhatWasDrawnBeforeAFault)
     {
         OpenAnalysis program;

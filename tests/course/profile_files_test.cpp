@@ -438,6 +438,14 @@ namespace
         EXPECT_EQ(printedBand(profile).back(), "  3.11     24:05    50.0");   // 45.003 / 0.9
     }
 
+    TEST(PaceBandButton, DoesNothingWithoutAPrinter)
+    {
+        OpenProfile profile;
+        profile.program.outside.printer = {};
+        profile.click("paceband");
+        EXPECT_THAT(profile.outside.events, IsEmpty());
+    }
+
     TEST(Tables, AreEmptyBeforeASolve)
     {
         PlanningProgram program("profile");

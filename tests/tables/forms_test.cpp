@@ -515,6 +515,17 @@ namespace
         EXPECT_EQ(open.state().runner.age, 40);
     }
 
+    TEST(Perfgraph, StaysAsItIsWithoutAPrinter)
+    {
+        OpenGraph open;
+        const std::size_t drawn = open.graph().primitives.size();
+        open.program.outside.printer = {};
+        open.click("Command25");
+        EXPECT_TRUE(open.outside.events.empty());
+        EXPECT_TRUE(open.isVisible("Command25"));
+        EXPECT_EQ(open.graph().primitives.size(), drawn);
+    }
+
     TEST(Perfgraph, KeepsItsGridBeforeARace)
     {
         Tables tables;

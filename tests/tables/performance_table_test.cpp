@@ -252,6 +252,24 @@ namespace
         EXPECT_EQ(built.table.times[7][1], 0);
     }
 
+    // The age factor runs out over the longest distance first.
+    TEST(Table, KeepsAllButTheLastCellBeforeALateFault)
+    {
+        Built built;
+        built.asked = {TableKind::agesAtLevel, "100", "0.2", "90"};
+        built.input.age = "40";
+        built.build();
+        EXPECT_EQ(built.fault, "a power without a real value");
+        EXPECT_EQ(built.state.activity, "working out the time of 101.6 years over 42195 m");
+        EXPECT_EQ(built.table.page.lines.size(), 2U + 24 + 3);
+        EXPECT_GT(built.table.times[lastColumn][23], 0);
+        EXPECT_GT(built.table.times[lastColumn - 1][24], 0);
+        EXPECT_EQ(built.table.times[lastColumn][24], 0);
+        EXPECT_EQ(built.state.results.curDistance, 42195);
+        EXPECT_EQ(built.state.results.levelIndex, indexForLevel(0.9, 'm')) << "of the cell";
+        EXPECT_TRUE(closeTo(built.state.runner.age, 101.6));
+    }
+
     TEST(Table, OfARunnerNeedsACalculation)
     {
         Messages said;
